@@ -1,0 +1,260 @@
+/* QUILLA, the plotting library, for C and C++ programs.
+ *
+ * Coordinates are plot coordinates unless told: one unit is 0.1 mm on the default page, x to the right, y downwards
+ * from the upper left corner. Levels: 0 no plot, 1 plot open (QUIINI), 2 axis system open (GRAF), 3 three-dimensional
+ * axis system open. A routine called at a wrong level gives warning 3; a wrong parameter gives warning 2 and keeps the
+ * setting. Keywords are matched on their first four characters, in either case. An axis string names axes by the
+ * letters X, Y and Z in its first three characters. No routine returns an error code.
+ */
+#ifndef QUILLA_QUILLA_H
+#define QUILLA_QUILLA_H
+
+#include <stdio.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* ---- A plot from begin to end ---------------------------------------------------------------------------------- */
+
+void QUIINI(void);            /* level 0: opens the plot and enters level 1 */
+void QUIFIN(void);            /* 1..3: finishes the plot, prints the protocol, back to level 0 */
+void RESET(const char* name); /* a group of settings, by the name of its routine, back to its default; "ALL" all */
+int GETLEV(void);             /* level 0..3 */
+double GETVER(void);          /* version of the library, 11.52 */
+
+/* ---- Device and plot file -------------------------------------------------------------------------------------- */
+
+void METAFL(const char* format);                  /* 0: output format by its keyword: "PDF", "POST", "PS", "EPS", ... */
+void SETFIL(const char* name);                    /* 0: name of the plot file */
+void FILMOD(const char* mode);                    /* any: existing files: "COUN", "DELE", "BREA", "VERS" */
+void FILOPT(const char* value, const char* key);  /* any: key "SEPA", "NUMB", "DIGI" or "SCAL" */
+void SCRMOD(const char* mode);                    /* 0: "ERAS", "NOER", "REVE", "NORE", "AUTO" */
+void BUFMOD(const char* value, const char* key);  /* setter: "ON" or "OFF" for the key "SEND" */
+void SENDBF(void);                                /* any: sends what is buffered to the device */
+void PSMODE(const char* mode);                    /* "NONE", "GREE", "ITAL", "BOTH" any level; "MULT", "SING" level 0 */
+void PSMETA(const char* text, const char* key);   /* 0: comment of PostScript files, key "INFO" */
+void PDFMOD(const char* value, const char* key);  /* 0: "ON" or "OFF" for "COMP" (compression) or "BUFF" */
+int PDFBUF(unsigned char* bytes, int size);       /* 0: the finished file of buffer mode; size 0: its length */
+void PDFMRK(const char* text, const char* level); /* 1..3: bookmark "CHAP", "SECT", "SUBS", "PARA", "SUBP" */
+const char* GETFIL(void);                         /* 1..3: name of the plot file */
+const char* GETMFL(void);                         /* 1..3: keyword of the output format */
+const char* GETDSP(void);                         /* any: kind of the display: "XWIN", "WIND" or "NONE" */
+
+/* ---- Messages -------------------------------------------------------------------------------------------------- */
+
+void ERRDEV(const char* device);                /* 0: "CONS", "FILE", "APPE" */
+void ERRFIL(const char* name);                  /* 0: name of the error file */
+void ERRMOD(const char* key, const char* mode); /* setter: "WARN", "CHEC", "PROT", "ALL"; "ON", "OFF", "FILE" */
+void NOCHEK(void);                              /* setter: no reports of points out of scale */
+void UNIT(FILE* stream);                        /* setter: stream of all messages; null: none at all */
+
+/* ---- Page ------------------------------------------------------------------------------------------------------ */
+
+void SETPAG(const char* format); /* 0: "DA4L", "DA4P", "USAL", ... */
+void PAGE(int nx, int ny);       /* 0: page size in units, each at least 1 */
+void UNITS(const char* unit);    /* 0: "CM", "INCH", "POIN", "TWIP" */
+void SCLFAC(float factor);       /* 0: scale of the whole plot, above 0 */
+void SCLMOD(const char* mode);   /* 0: "DOWN", "FULL", "NONE": fitting the page to the device */
+void PAGMOD(const char* mode);   /* 0: "LAND", "PORT", "NONE", "COMI", "MOVI" */
+void HWORIG(int nx, int ny);     /* 0: origin on the sheet */
+void HWPAGE(int nw, int nh);     /* 0: size of the sheet */
+void HWSCAL(float factor);       /* 0: scale on the sheet, above 0 */
+void PAGORG(const char* corner); /* 1..3: "TOP", "BOTT" */
+void ORIGIN(int nx, int ny);     /* 1: shift of the plot origin */
+void PAGERA(void);               /* 1..3: border of the page */
+void PAGFLL(int color);          /* 1..3: fills the page */
+void NEWPAG(void);               /* 1: next page */
+void ERASE(void);                /* 1..3: clears screens and rasters */
+void GETPAG(int* nx, int* ny);   /* 1..3: page size in units */
+void GETOR(int* nx, int* ny);    /* 1..3: origin */
+
+/* ---- Lines ----------------------------------------------------------------------------------------------------- */
+
+void LINE(int nx1, int ny1, int nx2, int ny2); /* 1..3 */
+void XMOVE(float x, float y);                  /* 1..3: undashed move */
+void XDRAW(float x, float y);                  /* 1..3: undashed draw */
+void SOLID(void);                              /* setters: line types */
+void DOT(void);
+void DASH(void);
+void CHNDSH(void);
+void CHNDOT(void);
+void DASHM(void);
+void DOTL(void);
+void DASHL(void);
+void LINTYP(int type);                           /* 1..3: 0..7, in the order of the routines above */
+void MYLINE(const int* lengths, int n);          /* setter: own pattern, drawn, gap, ..., n 1..10 */
+void LINWID(int width);                          /* 1..3: 1..32000 */
+void PENWID(float width);                        /* 1..3: above 0, up to 32000 */
+void LNCAP(const char* cap);                     /* 1..3: "CUT", "ROUN", "LONG" */
+void LNJOIN(const char* join);                   /* 1..3: "SHAR", "ROUN", "TRUN" */
+void LNMLT(float limit);                         /* 1..3: miter limit, at least 1 */
+void HWMODE(const char* mode, const char* key);  /* setter: "ON", "OFF" for "LINE" or "SHAD" */
+void CLPWIN(int nx, int ny, int nw, int nh);     /* 1..3: clip window, upper left corner and size */
+void CLPBOR(const char* border);                 /* 2, 3: "PAGE", "AXIS" */
+void CLPMOD(const char* mode);                   /* setter: "AUTO", "NONE", "CIRC", "RECT" */
+void NOCLIP(void);                               /* setter */
+void GETCLP(int* nx, int* ny, int* nw, int* nh); /* 1..3 */
+int GETLIN(void);                                /* 1..3: line width */
+int GETTYP(void);                                /* 1..3: line type */
+
+/* ---- Colours --------------------------------------------------------------------------------------------------- */
+
+void COLOR(const char* name);                     /* 1..3: "WHIT", "RED", ..., "FORE", "BACK", "GRAY", "HALF" */
+void SETCLR(int color);                           /* 1..3: colour value, at least 0 */
+void SETRGB(float r, float g, float b);           /* 1..3: components 0..1 */
+int INTRGB(float r, float g, float b);            /* 1..3: direct colour value */
+int INDRGB(float r, float g, float b);            /* 1..3: nearest table entry, -1 after a warning */
+void SETIND(int i, float r, float g, float b);    /* 1..3: table entry 0..255 */
+void GETIND(int i, float* r, float* g, float* b); /* 1..3 */
+void GETRGB(float* r, float* g, float* b);        /* 1..3: of the current colour */
+int GETCLR(void);                                 /* 1..3: current colour value */
+const char* GETVLT(void);                         /* 1..3: name of the table */
+void SETVLT(const char* table);                   /* 1..3: "RAIN", "SPEC", "GREY", "SMAL", ... */
+void MYVLT(const float* r, const float* g, const float* b, int n);    /* any: own table, n 1..256 */
+void HSVRGB(float h, float s, float v, float* r, float* g, float* b); /* any: h 0..360, s, v 0..1 */
+void RGBHSV(float r, float g, float b, float* h, float* s, float* v); /* any */
+void REVSCR(void);              /* 1..3: swaps foreground and background of the table */
+void CLRMOD(const char* mode);  /* 0: "NONE", "FULL", "CONT" */
+void COLRAN(int low, int high); /* setter: range of shading colours */
+
+/* ---- Text ------------------------------------------------------------------------------------------------------ */
+
+void QUIALF(void); /* 1..3: stroke fonts */
+void SIMPLX(void);
+void COMPLX(void);
+void DUPLX(void);
+void PSFONT(const char* name);                        /* 1..3: a standard PostScript font, on devices that have them */
+void HWFONT(void);                                    /* 1..3: the device's standard font, else COMPLX */
+void MESSAG(const char* text, int nx, int ny);        /* 1..3: upper left corner; (999, 999) continues */
+void NUMBER(float value, int digits, int nx, int ny); /* 1..3: digits -1..100 */
+int NLMESS(const char* text);                         /* 1..3: length in plot units */
+int NLNUMB(float value, int digits);                  /* 1..3 */
+void HEIGHT(int height);                              /* 1..3: 1..10000 */
+void ANGLE(int degrees);                              /* setter */
+void TXTJUS(const char* justification);               /* setter: "LEFT", "CENT", "RIGH", "TOP", "MIDD", "BOTT" */
+void FIXSPC(float factor);                            /* setter: fixed spacing, above 0 */
+void CHASPC(float spacing);                           /* setter: added to the gap, as a fraction of the height */
+void CHAWTH(float factor);                            /* setter: above 0, below 2 */
+void CHAANG(float degrees);                           /* setter: slant, -60..60 */
+void BASALF(const char* alphabet);                    /* setter: "STAN", "GREE", "MATH", "ITAL", "SCRI", "RUSS" */
+void SMXALF(const char* alphabet, const char* in, const char* out, int index); /* setter: alphabet shift 1..6 */
+void MIXALF(void);                                   /* setter: exponents and indices in texts */
+void NEWMIX(void);                                   /* setter: control characters "^", "_", "%" */
+void SETMIX(const char* character, const char* key); /* setter: "EXP", "IND", "RES", "LEG", "TEX" */
+void SETEXP(float shift);                            /* setter: shift of exponents, fraction of the height */
+void SETBAS(float shift);                            /* setter: shift of indices, fraction of the height */
+void EUSHFT(const char* set, const char* character); /* setter: shift character of accented letters */
+void FRMESS(int thickness);                          /* setter: frame around texts */
+void TXTBGD(int color);                              /* setter: background of texts, -1 none */
+void NUMFMT(const char* format);                     /* setter: "FLOA", "EXP", "FEXP", "LOG", "XEXP" */
+void NUMODE(const char* decimal, const char* group, const char* plus, const char* fixed); /* 1..3 */
+int GETHGT(void);                                                                         /* 1..3: character height */
+int GETANG(void);                                                                         /* 1..3: text angle */
+const char* GETALF(void);                                                                 /* 1..3: base alphabet */
+
+/* ---- Axis systems ---------------------------------------------------------------------------------------------- */
+
+void GRAF(float xa, float xe, float xor_, float xstp, float ya, float ye, float yor, float ystp); /* 1 */
+void ENDGRF(void);                                                                                /* 1..3 */
+void AXSLEN(int nx, int ny);                          /* 1: lengths, at least 2 */
+void AXSPOS(int nx, int ny);                          /* 1: lower left corner */
+void AXSORG(int nx, int ny);                          /* 1: crossing of the axes */
+void AXSTYP(const char* type);                        /* 1: "RECT", "CROS", "IMPE", "ADMI" */
+void AXSSCL(const char* scale, const char* axes);     /* setter: "LIN", "LOG" */
+void SCALE(const char* scale, const char* axes);      /* setter: the same */
+void SETSCL(const float* x, int n, const char* axis); /* 1: automatic scaling from an array */
+void SETGRF(const char* bottom, const char* left, const char* top, const char* right); /* 1: "NONE" ... "NAME" */
+void NOGRAF(void);                                                                     /* setter */
+void AX2GRF(void);                                                                     /* setter */
+void CENTER(void);                                                                     /* setter */
+void GRACE(int margin);                                                                /* setter */
+void FRAME(int thickness);                                                             /* setter */
+void FRMCLR(int color);                                                                /* setter */
+void AXSBGD(int color);                                                                /* setter */
+void GRID(int nx, int ny); /* 2, 3: grid lines per label step */
+void CROSS(void);          /* 2, 3: axes through the origin */
+void XCROSS(void);
+void YCROSS(void);
+void AXGIT(void); /* 2, 3: lines through the origin */
+void XAXGIT(void);
+void YAXGIT(void);
+void GETGRF(float* a, float* e, float* first, float* step, const char* axis); /* 2, 3 */
+void GETSCL(int* nx, int* ny, int* nz);                                       /* 1..3: 1 for logarithmic axes */
+void GETSCM(int* nx, int* ny, int* nz); /* 1..3: 1 for automatically scaled axes */
+void GETLEN(int* nx, int* ny, int* nz); /* 1..3: axis lengths */
+void GETPOS(int* nx, int* ny);          /* 1..3: axis position */
+float XPOSN(float x);                   /* 2, 3: plot coordinate of a user value */
+float YPOSN(float y);
+int NXPOSN(float x);
+int NYPOSN(float y);
+float XINVRS(int nx); /* 2, 3: user value of a plot coordinate */
+float YINVRS(int ny);
+
+void TICKS(int n, const char* axes);                        /* setter: ticks per label step, 0..1000 */
+void TICLEN(int major, int minor);                          /* setter: 1..10000 */
+void TICPOS(const char* position, const char* axes);        /* setter: "LABE", "REVE", "CENT" */
+void LOGTIC(const char* mode);                              /* setter: "AUTO", "FULL" */
+void LABELS(const char* kind, const char* axes);            /* setter: "NONE", "FLOA", "EXP", "LOG", ... */
+void LABDIG(int digits, const char* axes);                  /* setter: -2..100 */
+void DIGITS(int digits, const char* axes);                  /* setter: the same */
+void INTAX(void);                                           /* 1..3: integer labels on all axes */
+void LABPOS(const char* position, const char* axes);        /* setter: "TICK", "CENT", "SHIF" */
+void LABJUS(const char* mode, const char* axes);            /* setter: "AUTO", "LEFT", "RIGH", "OUTW", "INWA" */
+void LABTYP(const char* type, const char* axes);            /* setter: "HORI", "VERT" */
+void LABDIS(int distance, const char* axes);                /* setter */
+void LABCLR(int color, const char* option);                 /* setter */
+void AXENDS(const char* mode, const char* axes);            /* setter */
+void AXCLRS(int color, const char* part, const char* axes); /* setter: "LINE", "TICK", "LABE", "NAME", "ALL" */
+void NAME(const char* name, const char* axes);              /* setter: axis name */
+void NAMDIS(int distance, const char* axes);                /* setter */
+void NAMJUS(const char* mode, const char* axes);            /* setter: "CENT", "LEFT", "RIGH" */
+void HNAME(int height);                                     /* setter: 1..10000 */
+void RGTLAB(void);                                          /* setter */
+void RVYNAM(void);                                          /* setter */
+void MYLAB(const char* label, int n, const char* axis);     /* setter: own label 1..100 */
+void NOLINE(const char* axes);                              /* setter: no axis line */
+void TITLIN(const char* text, int n);                       /* setter: title line 1..4; negative: underlined */
+void TITLE(void);                                           /* 2, 3 */
+void TITJUS(const char* mode);                              /* setter */
+void TITPOS(const char* mode);                              /* setter: "ABOV", "BELO" */
+void HTITLE(int height);                                    /* setter: 1..10000 */
+void VKYTIT(int distance);                                  /* setter */
+void LINESP(float spacing);                                 /* setter */
+int GETHNM(void);                                           /* 1..3: height of axis names */
+void GETDIG(int* nx, int* ny, int* nz);                     /* 1..3 */
+void GETTIC(int* nx, int* ny, int* nz);                     /* 1..3 */
+void GETTCL(int* major, int* minor);                        /* 1..3 */
+
+/* ---- Curves ---------------------------------------------------------------------------------------------------- */
+
+void CURVE(const float* x, const float* y, int n);      /* 2, 3 */
+void POLCRV(const char* mode);                          /* setter: "LINE", "STEP", "STEM", "STAI", ... */
+void THKCRV(int thickness);                             /* setter: 1..10000 */
+void MARKER(int symbol);                                /* setter: -1..23 */
+void HSYMBL(int height);                                /* setter: 1..10000 */
+void MRKCLR(int color);                                 /* setter */
+void INCMRK(int step);                                  /* setter */
+void INCCRV(int n);                                     /* setter: 1..32000 */
+void CHNCRV(const char* mode);                          /* setter: "NONE", "COLO", "LINE", "BOTH" */
+void LINCYC(int i, int type);                           /* setter: i 1..30, type 0..7 */
+void CLRCYC(int i, int color);                          /* setter: i 1..30 */
+void GAPCRV(float gap);                                 /* setter */
+void GAPSIZ(float gap, const char* axes);               /* setter */
+void NANCRV(const char* mode);                          /* 1..3: "ON", "OFF" */
+void SYMROT(float degrees);                             /* setter */
+void CHNATT(void);                                      /* 1..3: next attributes of the cycle */
+void RESATT(void);                                      /* 1..3: first attributes of the cycle */
+void SYMBOL(int symbol, int nx, int ny);                /* 1..3 */
+void RLMESS(const char* text, float x, float y);        /* 2, 3: MESSAG in user coordinates */
+void RLNUMB(float value, int digits, float x, float y); /* 2, 3 */
+void RLINE(float x1, float y1, float x2, float y2);     /* 2, 3 */
+void RLSYMB(int symbol, float x, float y);              /* 2, 3 */
+void RLSTRT(float x, float y);                          /* 2, 3 */
+void RLCONN(float x, float y);                          /* 2, 3 */
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,23 @@
+// Finding the plot state of the calling thread, and the level checks at the head of every public routine.
+#pragma once
+
+#include "core/plot_state.h"
+
+namespace quilla {
+
+// State of the calling thread, created on first touch. A failed allocation ends the process.
+PlotState* plotState();
+
+// State of the calling thread, or null if there is none yet.
+PlotState* existingPlotState();
+
+// Frees the state of the calling thread. For tests and hosts that end their use of the library.
+void freePlotState();
+
+// Strict check: stores the routine's lower-case name; null after warning 3 if the level lies outside low..high.
+PlotState* strictCheck(int low, int high, const char* name);
+
+// Setter check: levels 1 to 3 are accepted; warning 3 otherwise, but the state is returned all the same.
+PlotState* setterCheck(const char* name);
+
+} // namespace quilla

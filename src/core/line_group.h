@@ -1,0 +1,55 @@
+// Line style, width, the open path and clipping.
+#pragma once
+
+namespace quilla {
+
+inline constexpr int kPathLimit = 100;       // points of the open path
+inline constexpr int kLinePatternLimit = 10; // elements of a line pattern
+inline constexpr int kLineTypeCount = 8;     // line types of LINTYP
+
+enum LineCap : int { kCapCut = 0, kCapRound = 1, kCapLong = 2 };
+enum LineJoin : int { kJoinSharp = 0, kJoinRound = 1, kJoinTruncated = 2 };
+enum ClipMode : int { kClipAuto = 0, kClipNone = 1, kClipCircle = 2, kClipRectangle = 3 };
+enum ClipBorder : int { kBorderPage = 0, kBorderWindow = 1, kBorderAxis = 2 };
+
+// Run lifetime.
+struct LineGroup {
+  int lineStyleIndex = 0;
+  int linePattern[kLinePatternLimit] = {1}; // lengths in plot units: drawn, gap, drawn, ...
+  int linePatternCount = 1;                 // 1: solid
+  int lineWidthSetting = 1;                 // plot units; negative when the device draws the width
+  int lineCap = kCapLong;
+  int lineJoin = kJoinTruncated;
+  float lineMiter = 2.0F;
+  bool hardwareLines = true;   // HWMODE
+  bool hardwareShading = true; // HWMODE
+};
+
+// Working state of the dash stage.
+struct DashState {
+  float dashRemaining = 0.0F;             // what is left of the current element
+  int dashGap = 0;                        // 0 drawing, 1 in a gap
+  int dashElement = 1;                    // from 1
+  float lineGapSize = 0.0F;               // offset of thick curves, along the normal of a segment
+  bool gapMovePending = false;            // with lineGapSize: the move to pathPen was postponed
+  float pathPenX = 0.0F, pathPenY = 0.0F; // last point given to the dash stage, origin added
+};
+
+// Working state of the open path.
+struct PathState {
+  int pathCount = 0;
+  float pathX[kPathLimit] = {}, pathY[kPathLimit] = {};
+  bool flushRunning = false;
+};
+
+// Clip rectangle in plot coordinates, inclusive. Set to the whole page at QUIINI.
+struct ClipGroup {
+  int clipX0 = 0, clipY0 = 0, clipX1 = 0, clipY1 = 0;
+  int clipPageX0 = 0, clipPageY0 = 0, clipPageX1 = 0, clipPageY1 = 0; // CLPWIN
+  int clipBorderMode = kBorderPage;
+  int clipMode = kClipAuto;
+  int savedClip[4] = {};
+  bool axisClipActive = false;
+};
+
+} // namespace quilla

@@ -1,0 +1,51 @@
+// The one record of all settings and running state of a plot. A field belongs to the room that declares its group;
+// a group's member initialisers are its defaults, so that resetting assigns groups.
+#pragma once
+
+#include "core/color_group.h"
+#include "core/level_group.h"
+#include "core/line_group.h"
+#include "core/message_group.h"
+#include "core/page_group.h"
+#include "device/device_group.h"
+#include "graph2d/axis_group.h"
+#include "graph2d/curve_group.h"
+#include "text/text_group.h"
+
+namespace quilla {
+
+struct PlotState {
+  LevelGroup level;
+  CounterGroup counters;
+
+  // Process lifetime: set on first touch, never reset by QUIINI.
+  MessageSetup messageSetup;
+  PageSetup pageSetup;
+  ColorSetup colorSetup;
+  DeviceSetup deviceSetup;
+
+  // Run lifetime: set by the default settings of QUIINI and by RESET("ALL").
+  MessageGroup message;
+  PageGroup page;
+  LineGroup line;
+  ColorGroup color;
+  TextGroup text;
+  FontGroup font;
+  AxisGroup axis;
+  CurveGroup curve;
+
+  // Working state.
+  MessageStreams streams;
+  PageGeometry geometry;
+  ColorState colorState;
+  DeviceGroup device;
+  DashState dash;
+  PathState path;
+  ClipGroup clip;
+  TextState textState;
+  ScalingState scaling;
+  CycleState cycle;
+  bool internalCoordinates = false; // a routine of the library draws: y of PAGORG is not reversed
+};
+
+} // namespace quilla

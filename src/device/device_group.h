@@ -1,0 +1,52 @@
+// Device selection, the plot file and the drivers' records.
+#pragma once
+
+#include <cstdio>
+
+#include "core/message_group.h"
+
+namespace quilla {
+
+struct PdfWriter;
+struct PostScriptWriter;
+struct OutputBuffer;
+
+inline constexpr int kLineLimit = 80;      // characters of a line of text formats
+inline constexpr int kLineBufferSize = 82; // with newline and end mark
+
+enum FileMode : int { kFileCount = 0, kFileDelete = 1, kFileBreak = 2, kFileVersion = 3 };
+enum FileNameState : int { kFileNameDefault = 0, kFileNameGiven = 1, kFileNameReused = 2 };
+
+// Process lifetime.
+struct DeviceSetup {
+  int deviceNumber = 0;                        // 0 until METAFL, SETPAG or QUIINI sets it
+  char deviceKeyword[5] = "";                  // shown as "Fileformat" in the closing message
+  bool deviceChosen = false;                   // set by METAFL
+  char plotFileName[kFileNameLength + 1] = ""; // after opening: the versioned name
+  char userFileName[kFileNameLength + 1] = ""; // as SETFIL gave it
+  int fileNameState = kFileNameDefault;
+  int fileMode = kFileCount;  // FILMOD
+  int versionSeparator = 0;   // FILOPT SEPA: 0 UNDE, 1 HYPH, 2 NONE
+  int versionStyle = 0;       // FILOPT NUMB: 0 SHOR, 1 LONG
+  int versionDigits = 4;      // FILOPT DIGI
+  int includeScaling = 0;     // FILOPT SCAL: 0 OFF, 1 PAGE, 2 VIEW
+  int pdfMode = 1;            // bit 0: compression, bit 1: buffer output
+  int psSinglePage = 0;       // PSMODE SING
+  char* psInfoText = nullptr; // PSMETA, owned
+};
+
+// Working state from QUIINI to QUIFIN.
+struct DeviceGroup {
+  OutputBuffer* plotOutput = nullptr; // the open plot file; null for windows and drivers that own theirs
+  char lineBuffer[kLineBufferSize] = "";
+  int lineUsed = 0;
+  float deviceScale = 1.0F; // device units per plot unit
+  int colourDepth = 8;      // 8 indexed, 24 true colour
+  int pixelWidth = 853, pixelHeight = 603;
+  bool swapBytes = true;
+  PostScriptWriter* postScript = nullptr;
+  PdfWriter* pdf = nullptr;
+  std::FILE* trace = nullptr; // hidden output of sink primitives as text, for tests
+};
+
+} // namespace quilla

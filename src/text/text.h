@@ -1,0 +1,29 @@
+// Text for the rooms above: lengths and placement. Private 8-bit codes or the coding of CHACOD.
+#pragma once
+
+#include "core/plot_state.h"
+
+namespace quilla {
+
+// Installs a stroke font by its id (1 QUIALF, 3 COMPLX, 4 SIMPLX, 5 DUPLX); no level check.
+void installFont(PlotState* s, int fontId);
+
+// Length of a text in plot units, as MESSAG would draw it.
+int textLength(PlotState* s, const char* text);
+
+// Text with its upper left corner at (x, y) in plot coordinates counted from the top of the page, page origin not
+// included. (999, 999) continues at the text cursor.
+void textAt(PlotState* s, const char* text, int x, int y);
+
+// The same with an angle (degrees) and a height for this call.
+void textAtWith(PlotState* s, const char* text, int x, int y, int angle, int height);
+
+// Sets height and angle without checks; a driver font follows.
+void setTextHeight(PlotState* s, int height);
+void setTextAngle(PlotState* s, int angle);
+
+// A real number as text: n > 0 decimals, n = 0 a trailing point, n = -1 an integer; rounded half up on the magnitude;
+// the settings of NUMODE are applied. Returns the length. width > 0 pads on the left with blanks.
+int numberText(const PlotState* s, double value, int digits, char* out, int size, int width);
+
+} // namespace quilla
