@@ -13,6 +13,9 @@ void warnPlain(PlotState* s, int number);
 // The text is given. A negative number prints without a number, is not counted, and ignores ERRMOD("WARN").
 void warnWithText(PlotState* s, int number, const char* text);
 
+// Reports of all plots since the start of the process.
+int totalWarnings();
+
 // Text for the next report with a number above 100.
 void setCustomMessage(PlotState* s, const char* text);
 
