@@ -5,6 +5,7 @@ namespace quilla {
 
 inline constexpr int kColorTableSize = 256;
 inline constexpr int kNamedColorCount = 9;
+inline constexpr int kCycleLength = 30;         // attribute sets that curves take in turn
 inline constexpr int kDirectColor = 0x01000000; // mark of a direct colour: red in the low byte, then green, blue
 
 // Index of the SETVLT keyword.
@@ -36,6 +37,7 @@ struct ColorGroup {
   int tableKind = kTableRain;
   int foregroundColor = 255, backgroundColor = 0;
   int namedColors[kNamedColorCount] = {}; // WHIT RED GREE YELL BLUE ORAN CYAN MAGE BLAC
+  int colorCycle[kCycleLength] = {};      // CLRCYC; SETVLT fills it with the named colours
   int colorRangeLow = 1, colorRangeHigh = 254;
 };
 

@@ -48,8 +48,8 @@ struct ClipGroup {
   int clipPageX0 = 0, clipPageY0 = 0, clipPageX1 = 0, clipPageY1 = 0; // CLPWIN
   int clipBorderMode = kBorderPage;
   int clipMode = kClipAuto;
-  int savedClip[4] = {};
-  bool axisClipActive = false;
+  int savedClip[4] = {};       // rectangle under the clip at the axis system
+  bool axisClipActive = false; // the rectangle is cut at the axis system
 };
 
 } // namespace quilla

@@ -29,9 +29,8 @@ void setPenWidth(PlotState* s, float width);
 // Filled polygon in plot units, the page origin is added.
 void fillPolygon(PlotState* s, const float* x, const float* y, int n);
 
-// Clip rectangle of the whole page or CLPWIN; clip at the axis system on and off.
+// Active clip rectangle in plot coordinates, inclusive, cut to the page. The path is flushed first.
 void setClipRectangle(PlotState* s, int x0, int y0, int x1, int y1);
-void axisClipOn(PlotState* s);
-void axisClipOff(PlotState* s);
+void clipWholePage(PlotState* s);
 
 } // namespace quilla

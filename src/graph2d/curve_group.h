@@ -1,9 +1,10 @@
 // Curves, symbols and attribute cycles.
 #pragma once
 
+#include "core/color_group.h"
+
 namespace quilla {
 
-inline constexpr int kCycleLength = 30;
 inline constexpr int kHighestSymbol = 23;
 
 enum CurveMode : int {
@@ -31,7 +32,6 @@ struct CurveGroup {
   int curvesPerCycle = 1;
   int cycleMode = kCycleNone;
   int lineCycle[kCycleLength] = {};
-  int colorCycle[kCycleLength] = {};
   bool gapLimitOn[3] = {};
   float gapLimit[3] = {};
   int nanMode = 0;
