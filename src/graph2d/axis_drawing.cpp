@@ -173,8 +173,9 @@ LabelSpot placeLabel(const PlotState* s, const AxisPlace& p, int offset, int len
 void drawLabels(PlotState* s, const AxisPlace& p, int longest) {
   LabelRun run = labelRun(s, p.axis);
   int digits = labelDigitsOf(s, p.axis), height = s->text.textHeight;
-  bool mixed = s->text.mixOn;
-  s->text.mixOn = mixed || labelsHoldExponents(s, p.axis);
+  bool exponents = labelsHoldExponents(s, p.axis);
+  NumberMixing saved{};
+  if (exponents) saved = beginNumberMixing(s);
   char text[kLabelBuffer];
   for (int i = run.first; i >= 0 && i <= run.last; i += run.stride) {
     double value = labelValue(s, p.axis, i), at = value;
@@ -184,7 +185,7 @@ void drawLabels(PlotState* s, const AxisPlace& p, int longest) {
     LabelSpot spot = placeLabel(s, p, axisOffset(s, p.axis, at), textLength(s, text), longest);
     textAtWith(s, text, spot.x, spot.y, spot.angle, height);
   }
-  s->text.mixOn = mixed;
+  if (exponents) endNumberMixing(s, saved);
 }
 
 void drawName(PlotState* s, const AxisPlace& p, int away) {

@@ -36,41 +36,7 @@ struct LabelBuilder {
   }
 };
 
-struct Mantissa {
-  double value;
-  int exponent;
-};
-
-// Mantissa of 1 to 10; one that prints as 10 at these digits goes to the next exponent.
-Mantissa mantissaOf(double value, int digits) {
-  if (value == 0.0) return {0.0, 0};
-  int exponent = static_cast<int>(std::floor(std::log10(std::fabs(value))));
-  double mantissa = value / std::pow(10.0, exponent);
-  double scale = std::pow(10.0, digits > 0 ? digits : 0);
-  if (std::fabs(mantissa) < 1.0 && std::floor(std::fabs(mantissa) * scale + 0.5) < scale) {
-    mantissa *= 10.0;
-    exponent--;
-  }
-  if (std::floor(std::fabs(mantissa) * scale + 0.5) >= 10.0 * scale) {
-    mantissa /= 10.0;
-    exponent++;
-  }
-  return {mantissa, exponent};
-}
-
-void exponentLabel(const PlotState* s, double value, int kind, int digits, LabelBuilder& out) {
-  Mantissa m = mantissaOf(value, digits);
-  out.addNumber(s, m.value, digits);
-  if (kind == kLabelFExp) {
-    out.add('E');
-    out.addNumber(s, m.exponent, -1);
-    return;
-  }
-  out.add(kind == kLabelXExp ? "{D}10" : "*10");
-  out.add(s->text.mixExp);
-  out.addNumber(s, m.exponent, -1);
-  out.add(s->text.mixReset);
-}
+int formatOfKind(int kind) { return kind == kLabelFExp ? kNumberFExp : kind == kLabelXExp ? kNumberXExp : kNumberExp; }
 
 void degreeLabel(const PlotState* s, double value, int axis, int digits, LabelBuilder& out) {
   constexpr double kFold = 0.001;
@@ -144,7 +110,8 @@ void labelText(const PlotState* s, double value, int index, int axis, int digits
         std::fabs(value) < std::fabs(s->scaling.axisStep[axis] / 2.0F)) {
       value = 0.0;
     }
-    return exponentLabel(s, value, kind, digits, out);
+    exponentText(s, value, digits, formatOfKind(kind), text, kLabelBuffer);
+    return;
   }
   if (logarithmic && a.labelType[axis] == 1) {
     out.add("10");
@@ -167,10 +134,10 @@ bool labelsHoldExponents(const PlotState* s, int axis) {
 }
 
 int labelLength(PlotState* s, int axis, const char* text) {
-  bool mixed = s->text.mixOn;
-  s->text.mixOn = mixed || labelsHoldExponents(s, axis);
+  if (!labelsHoldExponents(s, axis)) return textLength(s, text);
+  NumberMixing saved = beginNumberMixing(s);
   int length = textLength(s, text);
-  s->text.mixOn = mixed;
+  endNumberMixing(s, saved);
   return length;
 }
 

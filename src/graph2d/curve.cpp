@@ -12,6 +12,7 @@
 #include "graph2d/scaling.h"
 #include "graph2d/symbols.h"
 #include "quilla/quilla.h"
+#include "text/text.h"
 
 using namespace quilla;
 
@@ -175,6 +176,30 @@ void RLSYMB(int symbol, float x, float y) {
   if (!s || checkRange(s, symbol, 0, kHighestSymbol)) return;
   drawSymbol(s, symbol, s->curve.markerHeight, static_cast<float>(roundHalfUp(plotX(s, x))),
              static_cast<float>(roundHalfUp(plotY(s, y))));
+}
+
+namespace {
+
+// A position within 0.1 of 999 continues at the text cursor; else user values become plot coordinates.
+bool continuesText(float x, float y) { return std::fabs(x - 999.0F) < 0.1F && std::fabs(y - 999.0F) < 0.1F; }
+
+} // namespace
+
+void RLMESS(const char* text, float x, float y) {
+  PlotState* s = strictCheck(2, 3, "rlmess");
+  if (!s) return;
+  if (continuesText(x, y)) return placeText(s, text, 999, 999);
+  placeText(s, text, roundHalfUp(plotX(s, x)), userY(s, roundHalfUp(plotY(s, y))));
+}
+
+void RLNUMB(float value, int digits, float x, float y) {
+  constexpr int kMostDigits = 100, kNumberSize = 256;
+  PlotState* s = strictCheck(2, 3, "rlnumb");
+  if (!s || checkRange(s, digits, -1, kMostDigits)) return;
+  char text[kNumberSize];
+  formattedNumber(s, static_cast<double>(value), digits, text, kNumberSize);
+  if (continuesText(x, y)) return numberAt(s, text, 999, 999);
+  numberAt(s, text, roundHalfUp(plotX(s, x)), userY(s, roundHalfUp(plotY(s, y))));
 }
 
 void RLSTRT(float x, float y) {

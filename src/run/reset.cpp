@@ -283,7 +283,7 @@ constexpr ResetRow kResetRows[] = {
      copyField(s->axis.axisLogScale, d.axis.axisLogScale);
    }},
     {"SETB", [](PlotState* s, const Defaults& d) {
-     s->text.mixBaseShift = d.text.mixBaseShift;
+     s->text.mixExpShift = d.text.mixExpShift;
    }},
     {"SETC", [](PlotState* s, const Defaults&) {
      setColor(s, s->color.foregroundColor);
@@ -306,7 +306,8 @@ constexpr ResetRow kResetRows[] = {
     {"SHIE", nullptr},
     {"SHLS", nullptr},
     {"SMXA", [](PlotState* s, const Defaults&) {
-     s->text.alphabetShiftCount = 0;
+     copyField(s->text.alphabetShifts, d.text.alphabetShifts);
+     s->text.alphabetShiftsOn = false;
    }},
     {"SPLM", [](PlotState* s, const Defaults& d) {
      s->curve.splineDegree = d.curve.splineDegree;
