@@ -38,6 +38,7 @@ PlotState* plotState() {
 PlotState* existingPlotState() { return processState; }
 
 void freePlotState() {
+  if (processState && processState->device.freeDrivers) processState->device.freeDrivers(processState);
   if (processState) std::free(processState->deviceSetup.psInfoText);
   delete processState;
   processState = nullptr;

@@ -7,6 +7,7 @@
 
 namespace quilla {
 
+struct PlotState;
 struct PdfWriter;
 struct PostScriptWriter;
 struct OutputBuffer;
@@ -15,6 +16,7 @@ inline constexpr int kLineLimit = 80;      // characters of a line of text forma
 inline constexpr int kLineBufferSize = 82; // with newline and end mark
 
 enum FileMode : int { kFileCount = 0, kFileDelete = 1, kFileBreak = 2, kFileVersion = 3 };
+enum PdfMode : int { kPdfModeCompress = 1, kPdfModeMemory = 2 };
 enum FileNameState : int { kFileNameDefault = 0, kFileNameGiven = 1, kFileNameReused = 2 };
 
 // Process lifetime.
@@ -46,7 +48,9 @@ struct DeviceGroup {
   bool swapBytes = true;
   PostScriptWriter* postScript = nullptr;
   PdfWriter* pdf = nullptr;
-  std::FILE* trace = nullptr; // hidden output of sink primitives as text, for tests
+  std::FILE* trace = nullptr;                  // hidden output of sink primitives as text, for tests
+  bool sendAfterPicture = false;               // BUFMOD
+  void (*freeDrivers)(PlotState* s) = nullptr; // set while a driver holds memory: frees it
 };
 
 } // namespace quilla

@@ -20,7 +20,8 @@ void qqpen(PlotState* s, float x, float y, int code);
 // Filled polygon in the current colour; true if the device took it, false if it must be hatched in software.
 bool qqfill(PlotState* s, const float* xs, const float* ys, int n);
 
-// Filled rectangle between two corners in a colour of its own; the current colour stays. True if the device took it.
+// Filled rectangle between two corners in a colour of its own; the current colour stays. The page origin (ORIGIN) is
+// added here. True if the device took it.
 bool qqbar(PlotState* s, float x1, float y1, float x2, float y2, int color);
 
 // Tells the device the colour value that is current now.

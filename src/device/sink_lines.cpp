@@ -1,0 +1,172 @@
+// The state of lines and the clip rectangle.
+#include "device/device_table.h"
+#include "device/pdf_driver.h"
+#include "device/postscript_driver.h"
+#include "device/sheet.h"
+#include "device/sink.h"
+#include "device/trace.h"
+#include "device/writers.h"
+
+namespace quilla {
+namespace {
+
+constexpr float kLeastLineWidth = 5.0F; // sheet units
+constexpr float kThinPen = 0.99F;       // PENWID below it may go under the least width
+
+// Width on the sheet of a width in plot units.
+float sheetLineWidth(const PlotState* s, float width) {
+  if (!s->line.hardwareLines) return kLeastLineWidth;
+  const float wanted = kSheetUnit * width * s->pageSetup.unitFactor;
+  return wanted < kLeastLineWidth ? kLeastLineWidth : wanted;
+}
+
+float sheetPenWidth(const PlotState* s, float width) {
+  if (s->line.hardwareLines && width < kThinPen) return width * kLeastLineWidth;
+  return sheetLineWidth(s, width);
+}
+
+int psMiter(const PlotState* s, float width, float miter) { return deviceRound(sheetLineWidth(s, width) * miter); }
+
+// Sends a width on the sheet; a sharp join needs its limit again. True if the device draws the width itself.
+bool sendSheetWidth(PlotState* s, float sheetWidth, float width) {
+  const float scaled = sheetWidth * s->pageSetup.scaleFactor;
+  const bool sharp = s->line.lineJoin == kJoinSharp;
+  switch (deviceFamily(s->deviceSetup.deviceNumber)) {
+  case DeviceFamily::kPostScript:
+    if (!s->device.postScript) break;
+    psLineWidth(s, scaled);
+    if (sharp) psMiterLimit(s, psMiter(s, width, s->line.lineMiter));
+    return s->line.hardwareLines;
+  case DeviceFamily::kPdf:
+    if (PdfWriter* pdf = pdfDocument(s)) {
+      pdfPen(*pdf, scaled * kPointsPerSheetUnit, 0.0F, kPdfLineWidth);
+      if (sharp) pdfPen(*pdf, s->line.lineMiter, 0.0F, kPdfMiterLimit);
+      return s->line.hardwareLines;
+    }
+    break;
+  case DeviceFamily::kWindow:
+  case DeviceFamily::kOpenGl:
+  case DeviceFamily::kPltm:
+  case DeviceFamily::kCgm:
+  case DeviceFamily::kMetafile:
+  case DeviceFamily::kHpgl:
+  case DeviceFamily::kRaster:
+  case DeviceFamily::kJava:
+  case DeviceFamily::kSvg:
+  case DeviceFamily::kIpe: break;
+  }
+  return false;
+}
+
+} // namespace
+
+bool sinkLineWidth(PlotState* s, int width) {
+  if (s->device.trace) traceNumber(s, "width", width);
+  const auto units = static_cast<float>(width);
+  return sendSheetWidth(s, sheetLineWidth(s, units), units);
+}
+
+bool sinkPenWidth(PlotState* s, float width) {
+  if (s->device.trace) traceReals(s, "width", &width, 1);
+  return sendSheetWidth(s, sheetPenWidth(s, width), width);
+}
+
+void sinkLineCap(PlotState* s, int cap) {
+  if (s->device.trace) traceNumber(s, "cap", cap);
+  switch (deviceFamily(s->deviceSetup.deviceNumber)) {
+  case DeviceFamily::kPostScript:
+    if (s->device.postScript) psLineCap(s, cap);
+    break;
+  case DeviceFamily::kPdf:
+    if (PdfWriter* pdf = pdfDocument(s)) pdfPen(*pdf, static_cast<float>(cap), 0.0F, kPdfLineCap);
+    break;
+  case DeviceFamily::kWindow:
+  case DeviceFamily::kOpenGl:
+  case DeviceFamily::kPltm:
+  case DeviceFamily::kCgm:
+  case DeviceFamily::kMetafile:
+  case DeviceFamily::kHpgl:
+  case DeviceFamily::kRaster:
+  case DeviceFamily::kJava:
+  case DeviceFamily::kSvg:
+  case DeviceFamily::kIpe: break;
+  }
+}
+
+void sinkLineJoin(PlotState* s, int join) {
+  if (s->device.trace) traceNumber(s, "join", join);
+  switch (deviceFamily(s->deviceSetup.deviceNumber)) {
+  case DeviceFamily::kPostScript:
+    if (s->device.postScript) psLineJoin(s, join);
+    break;
+  case DeviceFamily::kPdf:
+    if (PdfWriter* pdf = pdfDocument(s)) pdfPen(*pdf, static_cast<float>(join), 0.0F, kPdfLineJoin);
+    break;
+  case DeviceFamily::kWindow:
+  case DeviceFamily::kOpenGl:
+  case DeviceFamily::kPltm:
+  case DeviceFamily::kCgm:
+  case DeviceFamily::kMetafile:
+  case DeviceFamily::kHpgl:
+  case DeviceFamily::kRaster:
+  case DeviceFamily::kJava:
+  case DeviceFamily::kSvg:
+  case DeviceFamily::kIpe: break;
+  }
+}
+
+void sinkMiterLimit(PlotState* s, float miter) {
+  if (s->device.trace) traceReals(s, "miter", &miter, 1);
+  const int setting = s->line.lineWidthSetting;
+  const auto width = static_cast<float>(setting < 0 ? -setting : setting);
+  switch (deviceFamily(s->deviceSetup.deviceNumber)) {
+  case DeviceFamily::kPostScript:
+    if (s->device.postScript) psMiterLimit(s, psMiter(s, width, miter));
+    break;
+  case DeviceFamily::kPdf:
+    if (PdfWriter* pdf = pdfDocument(s)) pdfPen(*pdf, miter, 0.0F, kPdfMiterLimit);
+    break;
+  case DeviceFamily::kWindow:
+  case DeviceFamily::kOpenGl:
+  case DeviceFamily::kPltm:
+  case DeviceFamily::kCgm:
+  case DeviceFamily::kMetafile:
+  case DeviceFamily::kHpgl:
+  case DeviceFamily::kRaster:
+  case DeviceFamily::kJava:
+  case DeviceFamily::kSvg:
+  case DeviceFamily::kIpe: break;
+  }
+}
+
+void sinkClip(PlotState* s, bool on, float x0, float y0, float x1, float y1) {
+  if (s->device.trace) {
+    const float box[] = {x0, y0, x1, y1};
+    traceReals(s, on ? "clip" : "unclip", box, on ? 4 : 0);
+  }
+  const DevicePoint a = pointOnSheet(s, x0, y0), b = pointOnSheet(s, x1, y1);
+  switch (deviceFamily(s->deviceSetup.deviceNumber)) {
+  case DeviceFamily::kPostScript:
+    if (s->device.postScript) psClip(s, on, a.x, a.y, b.x, b.y);
+    break;
+  case DeviceFamily::kPdf:
+    if (PdfWriter* pdf = pdfDocument(s)) {
+      pdfPen(*pdf, a.x, a.y, kPdfClipCorner1);
+      pdfPen(*pdf, b.x, b.y, kPdfClipCorner2);
+      pdfPen(*pdf, on ? 0.0F : 1.0F, 0.0F, kPdfClip);
+    }
+    break;
+  case DeviceFamily::kWindow:
+  case DeviceFamily::kOpenGl:
+  case DeviceFamily::kPltm:
+  case DeviceFamily::kCgm:
+  case DeviceFamily::kMetafile:
+  case DeviceFamily::kHpgl:
+  case DeviceFamily::kRaster:
+  case DeviceFamily::kJava:
+  case DeviceFamily::kSvg:
+  case DeviceFamily::kIpe: break;
+  }
+}
+
+} // namespace quilla
