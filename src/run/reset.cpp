@@ -289,7 +289,7 @@ constexpr ResetRow kResetRows[] = {
      setColor(s, s->color.foregroundColor);
    }},
     {"SETE", [](PlotState* s, const Defaults& d) {
-     s->text.mixExpShift = d.text.mixExpShift;
+     s->text.mixExpSize = d.text.mixExpSize;
    }},
     {"SETG", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.axisPartDrawn, d.axis.axisPartDrawn);
@@ -305,7 +305,7 @@ constexpr ResetRow kResetRows[] = {
     {"SHDP", nullptr},
     {"SHIE", nullptr},
     {"SHLS", nullptr},
-    {"SMXA", [](PlotState* s, const Defaults&) {
+    {"SMXA", [](PlotState* s, const Defaults& d) {
      copyField(s->text.alphabetShifts, d.text.alphabetShifts);
      s->text.alphabetShiftsOn = false;
    }},

@@ -1,5 +1,7 @@
 #include "core/colors.h"
 
+#include <cmath>
+
 #include "plot_fixture.h"
 
 using namespace quilla;
@@ -132,7 +134,9 @@ TEST_F(Colors, HueSaturationValue) {
     RGBHSV(c.r, c.g, c.b, &h, &s, &v);
     EXPECT_NEAR(v, c.v, 1e-5);
     EXPECT_NEAR(s, c.s, 1e-5);
-    if (c.s > 0) EXPECT_NEAR(std::fmod(h, 360.0F), std::fmod(c.h, 360.0F), 1e-3);
+    if (c.s > 0) {
+      EXPECT_NEAR(std::fmod(h, 360.0F), std::fmod(c.h, 360.0F), 1e-3);
+    }
   }
 }
 
