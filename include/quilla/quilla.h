@@ -141,8 +141,8 @@ void SMXALF(const char* alphabet, const char* in, const char* out, int index); /
 void MIXALF(void);                                   /* setter: exponents and indices in texts */
 void NEWMIX(void);                                   /* setter: control characters "^", "_", "%" */
 void SETMIX(const char* character, const char* key); /* setter: "EXP", "IND", "RES", "LEG", "TEX" */
-void SETEXP(float shift);                            /* setter: shift of exponents, fraction of the height */
-void SETBAS(float shift);                            /* setter: shift of indices, fraction of the height */
+void SETEXP(float size);                             /* setter: size of exponents and indices, as a factor */
+void SETBAS(float shift);                            /* setter: shift of exponents, fraction of the height */
 void EUSHFT(const char* set, const char* character); /* setter: shift character of accented letters */
 void FRMESS(int thickness);                          /* setter: frame around texts */
 void TXTBGD(int color);                              /* setter: background of texts, -1 none */

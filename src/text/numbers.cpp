@@ -108,17 +108,16 @@ int exponentText(const PlotState* s, double value, int digits, int format, char*
 }
 
 NumberMixing beginNumberMixing(PlotState* s) {
-  const NumberMixing saved = {s->text.mixOn, s->text.alphabetShiftsOn, s->text.alphabetShifts[0]};
+  const NumberMixing saved = {s->text.mixOn, s->text.alphabetShiftCount, s->text.alphabetShifts[0]};
   s->text.mixOn = true;
-  if (!s->text.alphabetShiftsOn) s->text.alphabetShifts[0] = AlphabetShift();
-  s->text.alphabetShiftsOn = true;
+  if (s->text.alphabetShiftCount == 0) s->text.alphabetShiftCount = 1;
   s->text.alphabetShifts[0] = {kAlphabetMath, '{', '}'};
   return saved;
 }
 
 void endNumberMixing(PlotState* s, const NumberMixing& saved) {
   s->text.mixOn = saved.mixOn;
-  s->text.alphabetShiftsOn = saved.alphabetShiftsOn;
+  s->text.alphabetShiftCount = saved.alphabetShiftCount;
   s->text.alphabetShifts[0] = saved.first;
 }
 

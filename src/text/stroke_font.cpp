@@ -20,16 +20,22 @@ struct FontTables {
   SlotTables slots[kAlphabetSlots];
 };
 
-constexpr int kSharedGlyphs = 102; // glyphs of a slot that has slot 1's tables
-constexpr SlotTables kShared = {nullptr, nullptr, kSharedGlyphs};
+// The glyph count of a slot is that of the ordinals before remapOrdinal folds them: ordinals above it draw the blank.
+constexpr int kSharedGlyphs = 102; // of a slot that has slot 1's tables
+constexpr SlotTables kSlanted = {nullptr, nullptr, kSharedGlyphs};
+constexpr SlotTables kGreek = {kGreekPoints, kGreekIndex, 116};
+constexpr SlotTables kMath = {kMathPoints, kMathIndex, 131};
+constexpr SlotTables kScript = {kScriptPoints, kScriptIndex, 102};
+constexpr SlotTables kCyrillic = {kCyrillicPoints, kCyrillicIndex, 95};
 
 constexpr FontTables kFonts[] = {
     {kQuialf,
-     {{kQuialfPoints, kQuialfIndex, 132}, {nullptr, kQuialfGreekIndex, 95}, kShared, kShared, kShared, kShared}},
-    {kComplx, {{kComplxPoints, kComplxIndex, 233}, kShared, kShared, kShared, kShared, kShared}},
+     {{kQuialfPoints, kQuialfIndex, 132}, {nullptr, kQuialfGreekIndex, 95}, kMath, kSlanted, kScript, kCyrillic}},
+    {kComplx,
+     {{kComplxPoints, kComplxIndex, 233}, kGreek, kMath, {kItalicPoints, kItalicIndex, 102}, kScript, kCyrillic}},
     {kSimplx,
-     {{kSimplxPoints, kSimplxIndex, 132}, {nullptr, kSimplxGreekIndex, 95}, kShared, kShared, kShared, kShared}},
-    {kDuplx, {{kDuplxPoints, kDuplxIndex, 132}, kShared, kShared, kShared, kShared, kShared}},
+     {{kSimplxPoints, kSimplxIndex, 132}, {nullptr, kSimplxGreekIndex, 95}, kMath, kSlanted, kScript, kCyrillic}},
+    {kDuplx, {{kDuplxPoints, kDuplxIndex, 132}, kGreek, kMath, kSlanted, kScript, kCyrillic}},
 };
 
 constexpr int kFirstOutlineFont = 11;

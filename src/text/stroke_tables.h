@@ -12,4 +12,11 @@ extern const std::int16_t kSimplxPoints[], kSimplxIndex[], kSimplxGreekIndex[];
 extern const std::int16_t kDuplxPoints[], kDuplxIndex[];
 extern const std::int16_t kComplxPoints[], kComplxIndex[];
 
+// Tables that fonts share: Greek, mathematics, script, Cyrillic; and the italic letters of COMPLX.
+extern const std::int16_t kGreekPoints[], kGreekIndex[];
+extern const std::int16_t kMathPoints[], kMathIndex[];
+extern const std::int16_t kScriptPoints[], kScriptIndex[];
+extern const std::int16_t kCyrillicPoints[], kCyrillicIndex[];
+extern const std::int16_t kItalicPoints[], kItalicIndex[];
+
 } // namespace quilla

@@ -32,7 +32,8 @@ int exponentText(const PlotState* s, double value, int digits, int format, char*
 
 // Texts of exponentText are drawn and measured between these two: exponents are on, and {D} is the multiplication sign.
 struct NumberMixing {
-  bool mixOn, alphabetShiftsOn;
+  bool mixOn;
+  int alphabetShiftCount;
   AlphabetShift first;
 };
 NumberMixing beginNumberMixing(PlotState* s);

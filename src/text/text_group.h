@@ -8,7 +8,7 @@ namespace quilla {
 inline constexpr int kAlphabetSlots = 6;
 inline constexpr int kTextCodeLimit = 256;
 inline constexpr int kShiftCount = 8;
-inline constexpr int kAlphabetShiftCount = 6;
+inline constexpr int kAlphabetShiftLimit = 6;
 inline constexpr int kFontNameLength = 80;
 inline constexpr int kCharWidthCount = 156; // codes 32 to 187
 inline constexpr int kTabCount = 20;
@@ -59,8 +59,8 @@ struct TextGroup {
   int coding = kCodingStandard; // CHACOD
   int shiftChars[kShiftCount] = {};
   bool shiftCharsOn = false;
-  AlphabetShift alphabetShifts[kAlphabetShiftCount];
-  bool alphabetShiftsOn = false;
+  AlphabetShift alphabetShifts[kAlphabetShiftLimit];
+  int alphabetShiftCount = 0; // highest one defined
   bool mixOn = false;
   char mixExp = '[', mixIndex = ']', mixReset = '$', mixLegend = '/', mixTex = '\\';
   // An exponent of size 0.6 whose foot stands at 0.75 of the height reaches as far above the line as an index, lowered

@@ -139,13 +139,14 @@ void SMXALF(const char* alphabet, const char* in, const char* out, int index) {
   PlotState* s = setterCheck("smxalf");
   if (!s) return;
   const int key = matchKeyword(s, kAlphabetKeys, kInstructionKeys, alphabet);
-  if (key == 0 || checkRange(s, index, 1, kAlphabetShiftCount) != 0) return;
+  if (key == 0 || checkRange(s, index, 1, kAlphabetShiftLimit) != 0) return;
   if (key == s->font.baseAlphabet) {
     warnPlain(s, 19);
     return;
   }
+  for (int i = s->text.alphabetShiftCount; i < index; ++i) s->text.alphabetShifts[i] = AlphabetShift();
+  if (index > s->text.alphabetShiftCount) s->text.alphabetShiftCount = index;
   s->text.alphabetShifts[index - 1] = {key, in ? in[0] : '\0', out ? out[0] : '\0'};
-  s->text.alphabetShiftsOn = true;
 }
 
 void MIXALF() {

@@ -150,10 +150,10 @@ void drawCharacter(PlotState* s, int code) {
 
 // Takes the characters that open and close alphabet shifts, and instructions; true if the code is used up.
 bool takeAlphabetShift(PlotState* s, int code) {
-  if (!s->text.alphabetShiftsOn) return false;
+  if (s->text.alphabetShiftCount == 0) return false;
   TextState& t = s->textState;
   if (t.openShift == 0) {
-    for (int i = 0; i < kAlphabetShiftCount; ++i) {
+    for (int i = 0; i < s->text.alphabetShiftCount; ++i) {
       const AlphabetShift& shift = s->text.alphabetShifts[i];
       if (shift.alphabet == 0 || static_cast<unsigned char>(shift.in) != code) continue;
       t.openShift = i + 1;

@@ -1,6 +1,6 @@
 """The fonts: which set each takes its letters from, and what is mended."""
 
-from . import quialf
+from . import mathematics, quialf
 from .hershey import extent, flush_left, load, move, shape
 from .letters import (CAP, COMPLEX, FIRST_PRIVATE, PRIVATE, SINGLE, CIRCLE_5, CIRCLE_10, Accents, circle, dotless, doubled, half_turn, scaled)
 from .tables import Points, index_of
@@ -213,5 +213,93 @@ def quialf_tables():
     return [("kQuialfPoints", points.words), ("kQuialfIndex", latin), ("kQuialfGreekIndex", greek)]
 
 
+# Accented letters of the Greek alphabet, codes 127 to 147: key and accent in the order of Unicode 902 to 974.
+GREEK_ACCENTED = ("A:tonos E:tonos H:tonos I:tonos O:tonos Y:tonos W:tonos i:both I:dieresis Y:dieresis a:acute e:acute "
+                  "h:acute i:acute y:both V: i:dieresis y:dieresis o:acute y:acute w:acute").split()
+
+
+def greek_accented(letters, marks):
+    both = marks["dieresis"] + move(marks["acute"], 0, 4)
+    for entry in GREEK_ACCENTED:
+        key, accent = entry.split(":")
+        base = letters[key]
+        x0, x1, _, y1 = extent(base)
+        if accent == "tonos":
+            mark = marks["acute"]
+            yield flush_left(base + move(mark, -extent(mark)[1] - 2, 2 * 15))
+        elif accent:
+            yield flush_left(base + move(both if accent == "both" else marks[accent], (x0 + x1) // 2, y1 + 6))
+        else:
+            yield base
+
+
+def greek_tables():
+    latin = load("timesr")
+    letters = greek_letters("greekc", latin["0"], load("symbolic")["v"])
+    ring = letters["o"]
+    middle = extent(ring)[1] // 4 * 2
+    letters["j"] = ring + [[(middle - 6, -14), (middle + 6, 42)], [(middle - 4, -14), (middle + 8, 42)]]
+    marks = Accents(half_units(COMPLEX), latin).marks
+    points = Points()
+    index = index_of(points, [letters[k] for k in LETTER_KEYS] + list(greek_accented(letters, marks)))
+    return [("kGreekPoints", points.words), ("kGreekIndex", index)]
+
+
+def mathematics_tables():
+    points = Points()
+    index = index_of(points, mathematics.alphabet())
+    return [("kMathPoints", points.words), ("kMathIndex", index)]
+
+
+def script_tables():
+    font = load("scripts")
+    font["germandbls"] = sheared(germandbls())
+    dots = Accents(half_units(SINGLE), load("rowmans")).marks["dieresis"]
+    umlauts = []
+    for letter in "AOUaou":  # over slanted letters the dots stand right of the middle
+        x0, x1, _, y1 = extent(font[letter])
+        umlauts.append(font[letter] + move(dots, (x0 + x1) // 2 + 4, y1 + 6))
+    points = Points()
+    index = index_of(points, [font[k] for k in LETTER_KEYS] + umlauts + [font["germandbls"]])
+    return [("kScriptPoints", points.words), ("kScriptIndex", index)]
+
+
+# Keys of the Cyrillic letters: 36 to 38, 60 to 62, 65 to 94, 97 to 126.
+CYRILLIC_KEYS = "\u0401\u042e\u042a" + "\u0451\u044e\u044a" + "".join(
+    letter if case == "upper" else letter.lower()
+    for case in ("upper", "lower")
+    for letter in "\u0410\u0411\u0426\u0414\u0415\u0424\u0413\u0425\u0418\u0419\u041a\u041b\u041c\u041d\u041e\u041f\u042f"
+                  "\u0420\u0421\u0422\u0423\u0412\u0428\u042c\u042b\u0417\u0416\u042d\u0429\u0427")
+
+
+def cyrillic_tables():
+    alphabetic, rest = load("cyrilc_1"), load("cyrillic")
+    font = {}
+    for i in range(26):  # A to Shcha stand in alphabetical order
+        font[chr(0x410 + i)] = alphabetic[chr(65 + i)]
+        font[chr(0x430 + i)] = alphabetic[chr(97 + i)]
+    for letter, upper, lower in zip("\u042a\u042b\u042c\u042e\u042f", "]$_U^", "|&~u}"):
+        font[letter], font[letter.lower()] = rest[upper], rest[lower]
+    font["\u042d"] = rest["C"]
+    font["\u044d"] = scaled(rest["C"], 2 / 3)  # the sets have no small one
+    dots = Accents(half_units(COMPLEX), load("timesr")).marks["dieresis"]
+    for letter, base in (("\u0401", "\u0415"), ("\u0451", "\u0435")):
+        x0, x1, _, y1 = extent(font[base])
+        font[letter] = font[base] + move(dots, (x0 + x1) // 2, y1 + 6)
+    points = Points()
+    index = index_of(points, [flush_left(font[letter]) for letter in CYRILLIC_KEYS])
+    return [("kCyrillicPoints", points.words), ("kCyrillicIndex", index)]
+
+
+def italic_tables():
+    font = load("timesi")
+    accents = Accents(half_units(COMPLEX), font)
+    points = Points()
+    index = index_of(points, [font[chr(c)] for c in range(97, 123)] + [accents.compose(c, "dieresis") for c in "aou"])
+    return [("kItalicPoints", points.words), ("kItalicIndex", index)]
+
+
 def all_tables():
-    return {"quialf": quialf_tables(), "simplx": simplx(), "duplx": duplx(), "complx": complx()}
+    return {"quialf": quialf_tables(), "simplx": simplx(), "duplx": duplx(), "complx": complx(), "greek": greek_tables(),
+            "mathematics": mathematics_tables(), "script": script_tables(), "cyrillic": cyrillic_tables(),
+            "italic": italic_tables()}
