@@ -21,7 +21,7 @@ void QUIINI(void);            /* level 0: opens the plot and enters level 1 */
 void QUIFIN(void);            /* 1..3: finishes the plot, prints the protocol, back to level 0 */
 void RESET(const char* name); /* a group of settings, by the name of its routine, back to its default; "ALL" all */
 int GETLEV(void);             /* level 0..3 */
-double GETVER(void);          /* version of the library, 11.52 */
+double GETVER(void);          /* version of the library, 11.5 */
 
 /* ---- Device and plot file -------------------------------------------------------------------------------------- */
 
@@ -89,7 +89,6 @@ void PENWID(float width);                        /* 1..3: above 0, up to 32000 *
 void LNCAP(const char* cap);                     /* 1..3: "CUT", "ROUN", "LONG" */
 void LNJOIN(const char* join);                   /* 1..3: "SHAR", "ROUN", "TRUN" */
 void LNMLT(float limit);                         /* 1..3: miter limit, at least 1 */
-void HWMODE(const char* mode, const char* key);  /* setter: "ON", "OFF" for "LINE" or "SHAD" */
 void CLPWIN(int nx, int ny, int nw, int nh);     /* 1..3: clip window, upper left corner and size */
 void CLPBOR(const char* border);                 /* 2, 3: "PAGE", "AXIS" */
 void CLPMOD(const char* mode);                   /* setter: "AUTO", "NONE", "CIRC", "RECT" */
@@ -203,7 +202,6 @@ void LABPOS(const char* position, const char* axes);        /* setter: "TICK", "
 void LABJUS(const char* mode, const char* axes);            /* setter: "AUTO", "LEFT", "RIGH", "OUTW", "INWA" */
 void LABTYP(const char* type, const char* axes);            /* setter: "HORI", "VERT" */
 void LABDIS(int distance, const char* axes);                /* setter */
-void LABCLR(int color, const char* option);                 /* setter */
 void AXENDS(const char* mode, const char* axes);            /* setter */
 void AXCLRS(int color, const char* part, const char* axes); /* setter: "LINE", "TICK", "LABE", "NAME", "ALL" */
 void NAME(const char* name, const char* axes);              /* setter: axis name */
@@ -230,6 +228,7 @@ void GETTCL(int* major, int* minor);                        /* 1..3 */
 
 void CURVE(const float* x, const float* y, int n);      /* 2, 3 */
 void POLCRV(const char* mode);                          /* setter: "LINE", "STEP", "STEM", "STAI", ... */
+void SPLMOD(int degree, int points);                    /* setter: degree 2..10, points 5..30000 */
 void THKCRV(int thickness);                             /* setter: 1..10000 */
 void MARKER(int symbol);                                /* setter: -1..23 */
 void HSYMBL(int height);                                /* setter: 1..10000 */

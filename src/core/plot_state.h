@@ -32,6 +32,7 @@ struct PlotState {
   TextGroup text;
   FontGroup font;
   AxisGroup axis;
+  MyLabelGroup myLabels;
   CurveGroup curve;
 
   // Working state.

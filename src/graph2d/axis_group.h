@@ -65,7 +65,8 @@ struct AxisGroup {
   int labelClass[kAxisCount] = {};
   int labelDigits[kAxisCount] = {1, 1, 1};
   bool labelAutoDigits[kAxisCount] = {};
-  int labelType[kAxisCount] = {2, 2, 2}; // 1 value as exponent, 2 plain, 3 natural
+  bool labelDigitsGiven[kAxisCount] = {}; // by LABDIG: automatic scaling leaves them alone
+  int labelType[kAxisCount] = {2, 2, 2};  // 1 value as exponent, 2 plain, 3 natural
   int labelPosition[kAxisCount] = {};
   int labelJustify[kAxisCount] = {};
   int labelOrientation[kAxisCount] = {};
@@ -75,6 +76,7 @@ struct AxisGroup {
   int nameDistance[kAxisCount] = {30, 30, 30};
   int nameJustify[kAxisCount] = {};
   int nameHeight = 36;
+  int myLabelCount[kAxisCount] = {}; // the highest number given
   bool rightJustifyLabels = false;
   bool reverseYName = false;
   int axisColors[kAxisCount][4] = {{-1, -1, -1, -1}, {-1, -1, -1, -1}, {-1, -1, -1, -1}}; // line, ticks, labels, name
@@ -85,6 +87,11 @@ struct AxisGroup {
   int titleHeight = 0; // 0: current height
   int titleDistance = 0;
   float lineSpacing = 1.5F;
+};
+
+// Run lifetime: labels of MYLAB, apart from the group above because of their size.
+struct MyLabelGroup {
+  char myLabels[kAxisCount][kMyLabelCount][kMyLabelLength + 1] = {};
 };
 
 // Working state: the scaling in use; log10 values on a logarithmic axis.

@@ -26,4 +26,25 @@ void setTextAngle(PlotState* s, int angle);
 // the settings of NUMODE are applied. Returns the length. width > 0 pads on the left with blanks.
 int numberText(const PlotState* s, double value, int digits, char* out, int size, int width);
 
+// Mantissa and power of ten as text, with the control characters of MIXALF. format: kNumberExp "1.5*10[3$",
+// kNumberFExp "1.5E3", kNumberXExp "1.5{D}10[3$", kNumberLog "10[3.2$". Returns the length.
+int exponentText(const PlotState* s, double value, int digits, int format, char* out, int size);
+
+// Texts of exponentText are drawn and measured between these two: exponents are on, and {D} is the multiplication sign.
+struct NumberMixing {
+  bool mixOn, alphabetShiftsOn;
+  AlphabetShift first;
+};
+NumberMixing beginNumberMixing(PlotState* s);
+void endNumberMixing(PlotState* s, const NumberMixing& saved);
+
+// A real number as text in the current number format (NUMFMT). Returns the length.
+int formattedNumber(const PlotState* s, double value, int digits, char* out, int size);
+// Length and drawing of such a text. NUMODE("EQUA") sets the digits in equal cells.
+int numberLength(PlotState* s, const char* text);
+void numberAt(PlotState* s, const char* text, int x, int y);
+
+// Places a text as MESSAG does: justification and the page's y direction are applied.
+void placeText(PlotState* s, const char* text, int x, int y);
+
 } // namespace quilla

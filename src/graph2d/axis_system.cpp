@@ -1,0 +1,339 @@
+// Opening and closing a rectangular axis system, grids and lines through the origin.
+#include "graph2d/axis_system.h"
+
+#include <cmath>
+
+#include "core/colors.h"
+#include "core/levels.h"
+#include "core/messages.h"
+#include "core/page.h"
+#include "core/pipeline.h"
+#include "device/sink.h"
+#include "graph2d/axis_drawing.h"
+#include "graph2d/scaling.h"
+#include "quilla/quilla.h"
+
+using namespace quilla;
+
+namespace {
+
+// A single line coincides with the axes of the four sides; a thicker frame grows outwards.
+constexpr int kVisibleFrame = 2;
+
+bool takeScale(PlotState* s, int axis, AxisScale& scale) {
+  if (s->axis.autoScaled[axis]) {
+    int digits = 0;
+    scale = automaticScale(s, axis, digits);
+    if (!s->axis.labelDigitsGiven[axis]) s->axis.labelDigits[axis] = digits;
+  }
+  return checkScale(s, axis, scale) == 0;
+}
+
+// The origin of the user must lie inside both scalings; position and crossing follow from each other.
+bool placeCrossing(PlotState* s, const AxisScale& x, const AxisScale& y) {
+  auto holdsZero = [](const AxisScale& c) {
+    return std::fmin(c.start, c.end) <= kTiny && std::fmax(c.start, c.end) >= -kTiny;
+  };
+  if (!holdsZero(x) || !holdsZero(y)) {
+    warnWithText(s, 151, "No origin found for crossed axis system");
+    return false;
+  }
+  AxisGroup& a = s->axis;
+  if (a.axisOriginGiven) {
+    auto toStart = [&](int axis, const AxisScale& c) {
+      return static_cast<int>(static_cast<float>(a.axisLength[axis] - 1) * c.start / (c.end - c.start));
+    };
+    a.axisPosX = a.axisCrossX + toStart(kAxisX, x);
+    a.axisPosY = a.axisCrossY - toStart(kAxisY, y) - 1;
+    s->scaling.axisOriginPlotX = static_cast<float>(a.axisPosX);
+    s->scaling.axisOriginPlotY = static_cast<float>(a.axisPosY);
+  } else {
+    a.axisCrossX = roundHalfUp(plotX(s, 0.0F));
+    a.axisCrossY = roundHalfUp(plotY(s, 0.0F));
+  }
+  return true;
+}
+
+// Moves the system so that it stands with labels, names and title in the middle of the page.
+void centerSystem(PlotState* s) {
+  AxisGroup& a = s->axis;
+  int left = sideExtent(s, kSideLeft), right = sideExtent(s, kSideRight), bottom = sideExtent(s, kSideBottom);
+  int top = sideExtent(s, kSideTop), title = titleExtent(s);
+  if (title > top) top = title;
+  int gapX = s->geometry.pageWidth - (left + a.axisLength[kAxisX] + right);
+  int gapY = s->geometry.pageHeight - (top + a.axisLength[kAxisY] + bottom);
+  a.axisPosX = gapX / 2 + left;
+  a.axisPosY = gapY / 2 + top + a.axisLength[kAxisY];
+  s->scaling.axisOriginPlotX = static_cast<float>(a.axisPosX);
+  s->scaling.axisOriginPlotY = static_cast<float>(a.axisPosY);
+  a.centerState = 2;
+}
+
+void drawFourSides(PlotState* s) {
+  const AxisGroup& a = s->axis;
+  int right = s->scaling.axisRightX, top = s->scaling.axisTopY;
+  const int* parts = a.axisPartDrawn;
+  drawAxis(s, {kAxisX, kSideBottom, a.axisPosX, a.axisPosY, parts[kSideBottom], false});
+  drawAxis(s, {kAxisY, kSideLeft, a.axisPosX, a.axisPosY, parts[kSideLeft], false});
+  if (a.twoAxesOnly) return;
+  drawAxis(s, {kAxisX, kSideTop, a.axisPosX, top, parts[kSideTop], false});
+  drawAxis(s, {kAxisY, kSideRight, right, a.axisPosY, parts[kSideRight], false});
+}
+
+void drawCrossed(PlotState* s) {
+  const AxisGroup& a = s->axis;
+  drawAxis(s, {kAxisX, kSideBottom, a.axisPosX, a.axisCrossY, a.axisPartDrawn[kSideBottom], true});
+  drawAxis(s, {kAxisY, kSideLeft, a.axisCrossX, a.axisPosY, a.axisPartDrawn[kSideLeft], true});
+}
+
+void drawFrame(PlotState* s) {
+  const AxisGroup& a = s->axis;
+  int kept = s->color.currentColor;
+  if (a.frameColor >= 0) setColor(s, a.frameColor);
+  for (int i = 0; i < a.frameThickness; i++) {
+    float x0 = static_cast<float>(a.axisPosX - i), y0 = static_cast<float>(a.axisPosY + i);
+    float x1 = static_cast<float>(s->scaling.axisRightX + i), y1 = static_cast<float>(s->scaling.axisTopY - i);
+    penMove(s, x0, y0);
+    penDraw(s, x1, y0);
+    penDraw(s, x1, y1);
+    penDraw(s, x0, y1);
+    penDraw(s, x0, y0);
+  }
+  if (a.frameColor >= 0) setColor(s, kept);
+}
+
+void fillBackground(PlotState* s) {
+  const AxisGroup& a = s->axis;
+  flushPath(s);
+  float originX = static_cast<float>(s->page.originX), originY = static_cast<float>(s->page.originY);
+  qqbar(s, static_cast<float>(a.axisPosX) + originX, static_cast<float>(s->scaling.axisTopY) + originY,
+        static_cast<float>(s->scaling.axisRightX) + originX, static_cast<float>(a.axisPosY) + originY,
+        a.axisBackgroundColor);
+}
+
+// Axes are lines of their own kind: solid, whatever the current line type is.
+struct KeptLineType {
+  PlotState* s;
+  int type, pattern[kLinePatternLimit], count;
+};
+
+KeptLineType solidForNow(PlotState* s) {
+  KeptLineType kept{s, s->line.lineStyleIndex, {}, s->line.linePatternCount};
+  for (int i = 0; i < kLinePatternLimit; i++) kept.pattern[i] = s->line.linePattern[i];
+  setLineType(s, 0);
+  return kept;
+}
+
+void restoreLineType(const KeptLineType& kept) {
+  PlotState* s = kept.s;
+  flushPath(s);
+  s->line.lineStyleIndex = kept.type;
+  s->line.linePatternCount = kept.count;
+  for (int i = 0; i < kLinePatternLimit; i++) s->line.linePattern[i] = kept.pattern[i];
+  resetDash(s);
+}
+
+void drawSystem(PlotState* s) {
+  const AxisGroup& a = s->axis;
+  if (a.axisBackgroundColor >= 0) fillBackground(s);
+  KeptLineType kept = solidForNow(s);
+  s->internalCoordinates = true;
+  if (a.axisCrossed) {
+    drawCrossed(s);
+  } else {
+    drawFourSides(s);
+    if (a.frameThickness >= kVisibleFrame) drawFrame(s);
+  }
+  s->internalCoordinates = false;
+  restoreLineType(kept);
+}
+
+// 0 lies inside the scaling of the axis, by more than a hair; on a logarithmic axis it never does.
+bool zeroInside(const PlotState* s, int axis) {
+  float a = s->scaling.axisStart[axis], e = s->scaling.axisEnd[axis];
+  return s->axis.axisLogScale[axis] == 0 && std::fmin(a, e) < -kTiny && std::fmax(a, e) > kTiny;
+}
+
+enum OriginLine { kLineOnly, kLineWithTicks };
+
+// The line of an axis through the origin of the other one.
+void drawThroughOrigin(PlotState* s, int axis, OriginLine kind) {
+  if (!zeroInside(s, axis == kAxisX ? kAxisY : kAxisX)) return;
+  const AxisGroup& a = s->axis;
+  int parts = kind == kLineWithTicks ? kPartTicks : kPartLine;
+  s->internalCoordinates = true;
+  if (axis == kAxisX) {
+    drawAxis(s, {kAxisX, kSideBottom, a.axisPosX, roundHalfUp(plotY(s, 0.0F)), parts, false});
+  } else {
+    drawAxis(s, {kAxisY, kSideLeft, roundHalfUp(plotX(s, 0.0F)), a.axisPosY, parts, false});
+  }
+  s->internalCoordinates = false;
+  flushPath(s);
+}
+
+void originLines(const char* name, bool x, bool y, OriginLine kind) {
+  PlotState* s = strictCheck(2, 3, name);
+  if (!s) return;
+  if (x) drawThroughOrigin(s, kAxisX, kind);
+  if (y) drawThroughOrigin(s, kAxisY, kind);
+}
+
+// Grid lines across the system at the parts of each label step; drawn to and fro.
+void gridLines(PlotState* s, int axis, int perStep) {
+  if (perStep < 1) return;
+  const AxisGroup& a = s->axis;
+  double interval = static_cast<double>(s->scaling.axisStep[axis]) / perStep;
+  TickRange range = tickRange(s, axis, interval);
+  bool back = false;
+  for (int i = range.low; i <= range.high; i++, back = !back) {
+    int offset = axisOffset(s, axis, static_cast<double>(s->scaling.axisFirstLabel[axis]) + i * interval);
+    if (offset < 0 || offset >= a.axisLength[axis]) continue;
+    float x0 = static_cast<float>(a.axisPosX), x1 = static_cast<float>(s->scaling.axisRightX);
+    float y0 = static_cast<float>(a.axisPosY), y1 = static_cast<float>(s->scaling.axisTopY);
+    if (axis == kAxisX) {
+      x0 = x1 = static_cast<float>(a.axisPosX + offset);
+    } else {
+      y0 = y1 = static_cast<float>(a.axisPosY - offset);
+    }
+    penMove(s, back ? x1 : x0, back ? y1 : y0);
+    penDraw(s, back ? x0 : x1, back ? y0 : y1);
+  }
+}
+
+} // namespace
+
+void GRAF(float xa, float xe, float xor_, float xstp, float ya, float ye, float yor, float ystp) {
+  PlotState* s = strictCheck(1, 1, "graf");
+  if (!s) return;
+  AxisScale x{xa, xe, xor_, xstp}, y{ya, ye, yor, ystp};
+  s->axis.axisSystemKind = kSystemRectangular;
+  bool fineX = takeScale(s, kAxisX, x), fineY = takeScale(s, kAxisY, y);
+  if (!fineX || !fineY) return;
+  if (s->axis.axisCrossed && (s->axis.axisLogScale[kAxisX] != 0 || s->axis.axisLogScale[kAxisY] != 0)) {
+    return warnWithText(s, 150, "Crossed axis systems must have linear scaling");
+  }
+  s->level.plotLevel = kLevelAxis2D;
+  storeScale(s, kAxisX, x);
+  storeScale(s, kAxisY, y);
+  if (s->axis.axisCrossed && !placeCrossing(s, x, y)) {
+    s->level.plotLevel = kLevelPlot;
+    return;
+  }
+  if (s->axis.centerState == 1) centerSystem(s);
+  storeAxisClip(s);
+  if (!s->axis.noAxesDrawn) drawSystem(s);
+  flushPath(s);
+}
+
+void ENDGRF(void) {
+  PlotState* s = strictCheck(1, 3, "endgrf");
+  if (!s) return;
+  if (s->clip.clipBorderMode == kBorderAxis) {
+    s->clip.clipBorderMode = kBorderPage;
+    axisClipOff(s);
+  }
+  for (int line = 0; line < kTitleLines; line++) {
+    s->axis.titleLine[line][0] = 0;
+    s->axis.titleUnderlined[line] = false;
+  }
+  resetCycle(s);
+  s->curve.markerKind = 0;
+  s->level.plotLevel = kLevelPlot;
+}
+
+void GRID(int nx, int ny) {
+  PlotState* s = strictCheck(2, 3, "grid");
+  if (!s) return;
+  checkRange(s, nx, 0, -1);
+  checkRange(s, ny, 0, -1);
+  axisClipOn(s);
+  gridLines(s, kAxisX, nx);
+  gridLines(s, kAxisY, ny);
+  axisClipOff(s);
+}
+
+void CROSS(void) { originLines("cross", true, true, kLineWithTicks); }
+void XCROSS(void) { originLines("xcross", true, false, kLineWithTicks); }
+void YCROSS(void) { originLines("ycross", false, true, kLineWithTicks); }
+void AXGIT(void) { originLines("axgit", true, true, kLineOnly); }
+void XAXGIT(void) { originLines("xaxgit", true, false, kLineOnly); }
+void YAXGIT(void) { originLines("yaxgit", false, true, kLineOnly); }
+
+void CLPBOR(const char* border) {
+  PlotState* s = strictCheck(2, 3, "clpbor");
+  if (!s) return;
+  int found = matchKeyword(s, "PAGE+AXIS", 2, border);
+  if (found == 2 && s->clip.clipBorderMode != kBorderAxis) {
+    axisClipOn(s);
+    s->clip.clipBorderMode = kBorderAxis;
+  } else if (found == 1) {
+    bool cut = s->clip.axisClipActive;
+    s->clip.clipBorderMode = kBorderPage;
+    clipWholePage(s);
+    s->clip.axisClipActive = false;
+    if (cut) sinkClip(s, false, 0.0F, 0.0F, 0.0F, 0.0F);
+  }
+}
+
+void CLPMOD(const char* mode) {
+  PlotState* s = setterCheck("clpmod");
+  if (!s) return;
+  if (int found = matchKeyword(s, "AUTO+NONE+CIRC+RECT", 4, mode)) s->clip.clipMode = found - 1;
+}
+
+void NOCLIP(void) {
+  PlotState* s = setterCheck("noclip");
+  if (!s) return;
+  if (s->clip.clipBorderMode == kBorderAxis) {
+    s->clip.clipBorderMode = kBorderPage;
+    axisClipOff(s);
+  }
+  s->clip.clipMode = kClipNone;
+}
+
+float XPOSN(float x) {
+  PlotState* s = strictCheck(2, 3, "xposn");
+  return s ? plotX(s, x) : 0.0F;
+}
+
+float YPOSN(float y) {
+  PlotState* s = strictCheck(2, 3, "yposn");
+  return s ? userY(s, plotY(s, y)) : 0.0F;
+}
+
+int NXPOSN(float x) {
+  PlotState* s = strictCheck(2, 3, "nxposn");
+  return s ? roundHalfUp(plotX(s, x)) : 0;
+}
+
+int NYPOSN(float y) {
+  PlotState* s = strictCheck(2, 3, "nyposn");
+  return s ? userY(s, roundHalfUp(plotY(s, y))) : 0;
+}
+
+float XINVRS(int nx) {
+  PlotState* s = strictCheck(2, 3, "xinvrs");
+  if (!s) return 0.0F;
+  const ScalingState& c = s->scaling;
+  float value = (static_cast<float>(nx) - c.axisOriginPlotX) / c.axisFactorX + c.axisStart[kAxisX];
+  return s->axis.axisLogScale[kAxisX] != 0 ? std::pow(10.0F, value) : value;
+}
+
+float YINVRS(int ny) {
+  PlotState* s = strictCheck(2, 3, "yinvrs");
+  if (!s) return 0.0F;
+  const ScalingState& c = s->scaling;
+  float value = (c.axisOriginPlotY - static_cast<float>(userY(s, ny))) / c.axisFactorY + c.axisStart[kAxisY];
+  return s->axis.axisLogScale[kAxisY] != 0 ? std::pow(10.0F, value) : value;
+}
+
+void GETGRF(float* a, float* e, float* first, float* step, const char* axis) {
+  PlotState* s = strictCheck(2, 3, "getgrf");
+  if (!s) return;
+  int found = matchKeyword(s, "X   +Y   +Z   ", 3, axis);
+  if (!found) return;
+  *a = s->scaling.axisStart[found - 1];
+  *e = s->scaling.axisEnd[found - 1];
+  *first = s->scaling.axisFirstLabel[found - 1];
+  *step = s->scaling.axisStep[found - 1];
+}

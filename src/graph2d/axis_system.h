@@ -1,0 +1,17 @@
+// Opening and drawing an axis system, and its titles.
+#pragma once
+
+#include "core/plot_state.h"
+
+namespace quilla {
+
+// Draws the titles at their place above or below the axis system.
+void drawTitle(PlotState* s);
+
+// Room of the titles above the axis system, ticks and labels of the top included; 0 if there are none.
+int titleExtent(PlotState* s);
+
+// First attributes of the cycles again.
+void resetCycle(PlotState* s);
+
+} // namespace quilla

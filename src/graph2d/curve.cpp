@@ -1,0 +1,218 @@
+// Curves: checks, attributes, symbols and lines.
+#include <cmath>
+#include <cstdio>
+
+#include "core/colors.h"
+#include "core/levels.h"
+#include "core/messages.h"
+#include "core/page.h"
+#include "core/pipeline.h"
+#include "graph2d/axis_system.h"
+#include "graph2d/curve_path.h"
+#include "graph2d/scaling.h"
+#include "graph2d/symbols.h"
+#include "quilla/quilla.h"
+#include "text/text.h"
+
+using namespace quilla;
+
+namespace {
+
+// Settings that a curve changes and gives back.
+struct KeptAttributes {
+  int color, type, pattern[kLinePatternLimit], patternCount;
+};
+
+KeptAttributes keepAttributes(const PlotState* s) {
+  KeptAttributes kept{s->color.currentColor, s->line.lineStyleIndex, {}, s->line.linePatternCount};
+  for (int i = 0; i < kLinePatternLimit; i++) kept.pattern[i] = s->line.linePattern[i];
+  return kept;
+}
+
+void giveBack(PlotState* s, const KeptAttributes& kept) {
+  flushPath(s);
+  if (s->color.currentColor != kept.color) setColor(s, kept.color);
+  s->line.lineStyleIndex = kept.type;
+  s->line.linePatternCount = kept.patternCount;
+  for (int i = 0; i < kLinePatternLimit; i++) s->line.linePattern[i] = kept.pattern[i];
+}
+
+void takeCycleAttributes(PlotState* s) {
+  int mode = s->curve.cycleMode, i = s->cycle.cycleIndex - 1;
+  if (mode == kCycleColor || mode == kCycleBoth) setColor(s, s->color.colorCycle[i]);
+  if (mode == kCycleLine || mode == kCycleBoth) setLineType(s, s->curve.lineCycle[i]);
+}
+
+// On a logarithmic axis every value must be positive.
+bool logarithmsExist(PlotState* s, int axis, const float* values, int n) {
+  if (s->axis.axisLogScale[axis] == 0) return true;
+  for (int i = 0; i < n; i++) {
+    if (values[i] <= 0.0F) {
+      warnPlain(s, 27);
+      return false;
+    }
+  }
+  return true;
+}
+
+void reportOutOfScale(PlotState* s, float x, float y) {
+  char text[64];
+  std::snprintf(text, sizeof text, "(%12.4e /%12.4e) out of axis scaling", static_cast<double>(x),
+                static_cast<double>(y));
+  s->counters.outOfScaleCount++;
+  warnWithText(s, -1, text);
+}
+
+void checkPoints(PlotState* s, const CurveData& d) {
+  const ScalingState& c = s->scaling;
+  bool checked = s->message.dataCheckOn && s->message.messageUnit != kUnitNone;
+  if (!checked && s->curve.nanMode == 0) return;
+  int nansBefore = s->counters.nanCount;
+  for (int i = 0; i < d.n; i++) {
+    if (!isDrawable(s, d, i)) {
+      s->counters.nanCount++;
+      continue;
+    }
+    bool outside = d.x[i] < c.userMinX || d.x[i] > c.userMaxX || d.y[i] < c.userMinY || d.y[i] > c.userMaxY;
+    if (checked && outside) reportOutOfScale(s, d.x[i], d.y[i]);
+  }
+  bool spline = s->curve.curveMode == kCurveSpline || s->curve.curveMode == kCurvePSpline;
+  if (spline && s->counters.nanCount != nansBefore)
+    warnWithText(s, 160, "NaN Values are not handled for spline interpolation");
+}
+
+void drawSymbols(PlotState* s, const CurveData& d) {
+  // INCMRK may be the most negative integer, so that the magnitude is taken in 64 bits.
+  long long step = s->curve.markerStep < 0 ? -static_cast<long long>(s->curve.markerStep) : s->curve.markerStep;
+  int kept = s->color.currentColor;
+  if (s->curve.markerColor != -1) setColor(s, s->curve.markerColor);
+  for (long long k = 0; k < d.n; k += step) {
+    int i = static_cast<int>(k);
+    if (!isDrawable(s, d, i)) continue;
+    float x = plotX(s, d.x[i]), y = plotY(s, d.y[i]);
+    if (!std::isfinite(x) || !std::isfinite(y)) continue;
+    drawSymbol(s, s->curve.markerKind, s->curve.markerHeight, static_cast<float>(roundHalfUp(x)),
+               static_cast<float>(roundHalfUp(y)));
+  }
+  if (s->curve.markerColor != -1) setColor(s, kept);
+}
+
+// A thick curve is drawn several times, side by side: at 0, +1, -1, +2, -2, ...
+void drawPasses(PlotState* s, const CurveData& d) {
+  float unit = s->pageSetup.unitFactor;
+  int passes = roundHalfUp(static_cast<float>(s->curve.curveThickness) * unit);
+  for (int p = 1; p <= (passes > 1 ? passes : 1); p++) {
+    s->dash.lineGapSize = static_cast<float>(p % 2 == 0 ? p / 2 : -(p / 2)) / unit;
+    resetDash(s);
+    drawCurveLine(s, d);
+  }
+  s->dash.lineGapSize = 0.0F;
+}
+
+} // namespace
+
+namespace quilla {
+
+void resetCycle(PlotState* s) { s->cycle = CycleState{}; }
+
+} // namespace quilla
+
+void CURVE(const float* x, const float* y, int n) {
+  PlotState* s = strictCheck(2, 3, "curve");
+  if (!s) return;
+  if (n < 1 || (n == 1 && s->curve.markerStep >= 0)) return warnPlain(s, 2);
+  if (!logarithmsExist(s, kAxisY, y, n) || !logarithmsExist(s, kAxisX, x, n)) return;
+  CurveData data{x, y, n};
+  KeptAttributes kept = keepAttributes(s);
+  s->internalCoordinates = true;
+  takeCycleAttributes(s);
+  s->cycle.legendEntryPending = false;
+  checkPoints(s, data);
+  axisClipOn(s);
+  if (s->curve.markerStep != 0) drawSymbols(s, data);
+  if (s->curve.markerStep >= 0) drawPasses(s, data);
+  flushPath(s);
+  axisClipOff(s);
+  giveBack(s, kept);
+  s->internalCoordinates = false;
+  if (s->cycle.curveInCycle == s->curve.curvesPerCycle) {
+    s->cycle.curveInCycle = 0;
+    CHNATT();
+    copyText(s->level.routineName, "curve", kRoutineNameLength);
+  } else {
+    s->cycle.curveInCycle++;
+  }
+}
+
+void CHNATT(void) {
+  PlotState* s = strictCheck(1, 3, "chnatt");
+  if (!s || s->cycle.curveInCycle == 1) return;
+  CycleState& c = s->cycle;
+  c.cycleIndex = c.cycleIndex % kCycleLength + 1;
+  c.curveCounter++;
+  c.curveInCycle = 1;
+  if (s->curve.markerStep != 0) s->curve.markerKind = s->curve.markerKind % (kHighestSymbol - 1) + 1;
+  c.legendEntryPending = true;
+}
+
+void RESATT(void) {
+  if (PlotState* s = strictCheck(1, 3, "resatt")) resetCycle(s);
+}
+
+void SYMBOL(int symbol, int nx, int ny) {
+  PlotState* s = strictCheck(1, 3, "symbol");
+  if (!s || checkRange(s, symbol, 0, kHighestSymbol)) return;
+  int y = userY(s, ny), x = nx + s->page.originX, top = y + s->page.originY;
+  if (x < 0 || x > s->geometry.pageWidth || top < 0 || top > s->geometry.pageHeight) {
+    char text[64];
+    std::snprintf(text, sizeof text, "(%d/%d) out of page", nx, ny);
+    warnWithText(s, 193, text);
+  }
+  drawSymbol(s, symbol, s->curve.markerHeight, static_cast<float>(nx), static_cast<float>(y));
+}
+
+void RLSYMB(int symbol, float x, float y) {
+  PlotState* s = strictCheck(2, 3, "rlsymb");
+  if (!s || checkRange(s, symbol, 0, kHighestSymbol)) return;
+  drawSymbol(s, symbol, s->curve.markerHeight, static_cast<float>(roundHalfUp(plotX(s, x))),
+             static_cast<float>(roundHalfUp(plotY(s, y))));
+}
+
+namespace {
+
+// A position within 0.1 of 999 continues at the text cursor; else user values become plot coordinates.
+bool continuesText(float x, float y) { return std::fabs(x - 999.0F) < 0.1F && std::fabs(y - 999.0F) < 0.1F; }
+
+} // namespace
+
+void RLMESS(const char* text, float x, float y) {
+  PlotState* s = strictCheck(2, 3, "rlmess");
+  if (!s) return;
+  if (continuesText(x, y)) return placeText(s, text, 999, 999);
+  placeText(s, text, roundHalfUp(plotX(s, x)), userY(s, roundHalfUp(plotY(s, y))));
+}
+
+void RLNUMB(float value, int digits, float x, float y) {
+  constexpr int kMostDigits = 100, kNumberSize = 256;
+  PlotState* s = strictCheck(2, 3, "rlnumb");
+  if (!s || checkRange(s, digits, -1, kMostDigits)) return;
+  char text[kNumberSize];
+  formattedNumber(s, static_cast<double>(value), digits, text, kNumberSize);
+  if (continuesText(x, y)) return numberAt(s, text, 999, 999);
+  numberAt(s, text, roundHalfUp(plotX(s, x)), userY(s, roundHalfUp(plotY(s, y))));
+}
+
+void RLSTRT(float x, float y) {
+  if (PlotState* s = strictCheck(2, 3, "rlstrt")) penMove(s, plotX(s, x), plotY(s, y));
+}
+
+void RLCONN(float x, float y) {
+  if (PlotState* s = strictCheck(2, 3, "rlconn")) penDraw(s, plotX(s, x), plotY(s, y));
+}
+
+void RLINE(float x1, float y1, float x2, float y2) {
+  PlotState* s = strictCheck(2, 3, "rline");
+  if (!s) return;
+  penMove(s, plotX(s, x1), plotY(s, y1));
+  penDraw(s, plotX(s, x2), plotY(s, y2));
+}

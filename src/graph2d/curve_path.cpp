@@ -1,0 +1,127 @@
+#include "graph2d/curve_path.h"
+
+#include <cmath>
+
+#include "core/pipeline.h"
+#include "graph2d/scaling.h"
+#include "graph2d/spline.h"
+
+namespace quilla {
+
+namespace {
+
+void moveTo(PlotState* s, float x, float y) { penMove(s, plotX(s, x), plotY(s, y)); }
+void drawTo(PlotState* s, float x, float y) { penDraw(s, plotX(s, x), plotY(s, y)); }
+
+bool isGap(const PlotState* s, const CurveData& d, int i) {
+  const CurveGroup& c = s->curve;
+  return (c.gapLimitOn[0] && std::fabs(d.x[i] - d.x[i - 1]) > c.gapLimit[0]) ||
+         (c.gapLimitOn[1] && std::fabs(d.y[i] - d.y[i - 1]) > c.gapLimit[1]);
+}
+
+// Point i continues the line from point i - 1.
+bool continues(const PlotState* s, const CurveData& d, int i) {
+  return i > 0 && isDrawable(s, d, i - 1) && !isGap(s, d, i);
+}
+
+void drawLines(PlotState* s, const CurveData& d) {
+  for (int i = 0; i < d.n; i++) {
+    if (!isDrawable(s, d, i)) continue;
+    if (continues(s, d, i)) {
+      drawTo(s, d.x[i], d.y[i]);
+    } else {
+      moveTo(s, d.x[i], d.y[i]);
+    }
+  }
+}
+
+void drawStairs(PlotState* s, const CurveData& d) {
+  for (int i = 0; i < d.n; i++) {
+    if (!isDrawable(s, d, i)) continue;
+    if (continues(s, d, i)) {
+      drawTo(s, d.x[i], d.y[i - 1]);
+      drawTo(s, d.x[i], d.y[i]);
+    } else {
+      moveTo(s, d.x[i], d.y[i]);
+    }
+  }
+}
+
+void drawSteps(PlotState* s, const CurveData& d) {
+  if (d.n < 2) return;
+  auto halfWidth = [&](int i) {
+    float h = (d.x[i + 1] - d.x[i]) / 2.0F;
+    return std::isnan(h) ? 0.0F : h;
+  };
+  for (int i = 0; i < d.n; i++) {
+    if (!isDrawable(s, d, i)) continue;
+    if (continues(s, d, i)) {
+      float middle = d.x[i - 1] + halfWidth(i - 1);
+      drawTo(s, middle, d.y[i - 1]);
+      drawTo(s, middle, d.y[i]);
+      drawTo(s, d.x[i], d.y[i]);
+    } else {
+      moveTo(s, i == 0 ? d.x[0] - halfWidth(0) : d.x[i], d.y[i]);
+      drawTo(s, d.x[i], d.y[i]);
+    }
+  }
+  int last = d.n - 1;
+  if (isDrawable(s, d, last) && continues(s, d, last)) drawTo(s, d.x[last] + halfWidth(last - 1), d.y[last]);
+}
+
+// Plot coordinate of the line that stems and bars stand on: y value 0, or the axis where 0 has no place.
+float baseY(const PlotState* s) {
+  return s->axis.axisLogScale[kAxisY] != 0 ? s->scaling.axisOriginPlotY : plotY(s, 0.0F);
+}
+
+void drawStems(PlotState* s, const CurveData& d) {
+  float base = baseY(s);
+  for (int i = 0; i < d.n; i++) {
+    if (!isDrawable(s, d, i)) continue;
+    float x = plotX(s, d.x[i]);
+    penMove(s, x, base);
+    penDraw(s, x, plotY(s, d.y[i]));
+  }
+}
+
+void drawBars(PlotState* s, const CurveData& d, bool filled) {
+  const CurveGroup& c = s->curve;
+  float base = s->scaling.axisOriginPlotY;
+  float halfUser = d.n > 1 && c.barWidth > 0.0F ? (d.x[1] - d.x[0]) * c.barWidth * 0.5F : 0.0F;
+  float halfPlot = c.barWidth > 0.0F ? 0.0F : std::fabs(c.barWidth) * 0.5F;
+  for (int i = 0; i < d.n; i++) {
+    if (!isDrawable(s, d, i)) continue;
+    float x0 = plotX(s, d.x[i] - halfUser) - halfPlot, x1 = plotX(s, d.x[i] + halfUser) + halfPlot,
+          y = plotY(s, d.y[i]);
+    if (filled) {
+      float xs[4] = {x0, x0, x1, x1}, ys[4] = {base, y, y, base};
+      fillPolygon(s, xs, ys, 4);
+      continue;
+    }
+    penMove(s, x0, base);
+    penDraw(s, x0, y);
+    penDraw(s, x1, y);
+    penDraw(s, x1, base);
+  }
+}
+
+} // namespace
+
+bool isDrawable(const PlotState* s, const CurveData& d, int i) {
+  return s->curve.nanMode == 0 || (d.x[i] == d.x[i] && d.y[i] == d.y[i]);
+}
+
+void drawCurveLine(PlotState* s, const CurveData& data) {
+  switch (s->curve.curveMode) {
+  case kCurveStep: return drawSteps(s, data);
+  case kCurveStairs: return drawStairs(s, data);
+  case kCurveStem: return drawStems(s, data);
+  case kCurveBars: return drawBars(s, data, false);
+  case kCurveFilledBars: return drawBars(s, data, true);
+  case kCurveSpline: return drawSpline(s, data);
+  case kCurvePSpline: return drawParametricSpline(s, data);
+  default: return drawLines(s, data);
+  }
+}
+
+} // namespace quilla

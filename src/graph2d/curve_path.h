@@ -1,0 +1,20 @@
+// The line of a curve, by its mode.
+#pragma once
+
+#include "core/plot_state.h"
+
+namespace quilla {
+
+struct CurveData {
+  const float *x, *y;
+  int n;
+};
+
+// Draws the line of the curve once in the current colour and line type, by curveMode. A point that is no number breaks
+// the line while nanMode is on; so does a gap beyond the limits of GAPSIZ.
+void drawCurveLine(PlotState* s, const CurveData& data);
+
+// The point is a number, as far as nanMode asks.
+bool isDrawable(const PlotState* s, const CurveData& data, int i);
+
+} // namespace quilla

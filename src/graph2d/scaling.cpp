@@ -1,0 +1,224 @@
+#include "graph2d/scaling.h"
+
+#include <cmath>
+
+#include "core/messages.h"
+#include "core/page.h"
+#include "core/pipeline.h"
+#include "device/sink.h"
+#include "graph2d/axis_labels.h"
+#include "text/text.h"
+
+namespace quilla {
+
+namespace {
+
+constexpr int kPowerLimit = 50; // steps of the search for a power of ten
+constexpr float kIntegerRange = 2147483647.0F;
+constexpr int kSpaceAlong = 200, kSpaceAcross = 100; // room of a label along and across its axis
+
+bool isExponentKind(int kind) { return kind == kLabelExp || kind == kLabelFExp || kind == kLabelXExp; }
+
+// The next multiple of the step at or behind start; start itself if the ratio is no integer of 32 bits.
+float firstMultiple(float start, float step) {
+  float ratio = start / step;
+  if (!(std::fabs(ratio) <= kIntegerRange)) return start;
+  float whole = std::trunc(ratio);
+  if (whole == ratio) return start;
+  float first = whole * step;
+  return start > 0.0F ? first + step : first;
+}
+
+int powerOfTen(double range) {
+  int p = 0;
+  while (p < kPowerLimit && range / std::pow(10.0, p) >= 10.0) p++;
+  while (p > -kPowerLimit && range / std::pow(10.0, p) < 1.0) p--;
+  return p;
+}
+
+// Room that one label needs along its axis, in plot units.
+float labelRoom(PlotState* s, int axis, const AxisScale& scale, int digits) {
+  bool vertical = s->axis.labelOrientation[axis] != 0;
+  bool along = (axis == kAxisX && !vertical) || (axis == kAxisY && vertical);
+  if (!along) return static_cast<float>(kSpaceAcross);
+  char text[kLabelBuffer];
+  labelText(s, scale.first, 0, axis, digits, text);
+  float room = 1.25F * static_cast<float>(labelLength(s, axis, text));
+  return room > static_cast<float>(kSpaceAlong) ? room : static_cast<float>(kSpaceAlong);
+}
+
+// Finer or coarser steps, as the room allows.
+void refineStep(const PlotState* s, int axis, float room, int p, double q, double& step, int& digits) {
+  bool logarithmic = s->axis.axisLogScale[axis] != 0;
+  bool exponents = isExponentKind(s->axis.labelKind[axis]);
+  float length = static_cast<float>(s->axis.axisLength[axis]);
+  int m = static_cast<int>(q);
+  bool finer = false;
+  if (m == 1 && logarithmic) {
+    if (step > 2.0) step = 1.0;
+  } else if (m == 1 && length / 2.0F >= room) {
+    finer = true;
+    step = length / 5.0F < room || (exponents && q > 1.8) ? step * 0.5 : step / 5.0;
+  } else if ((m == 2 || m == 3) && !logarithmic && length / static_cast<float>(2 * m) >= room) {
+    finer = true;
+    step *= 0.5;
+  } else if (m >= 5 && (length / static_cast<float>(m) < room || (m >= 7 && exponents))) {
+    step *= 2.0;
+  }
+  if (!finer) return;
+  if (p < 0) digits++;
+  if (p == 0) digits = 1;
+}
+
+// Digits of a mantissa that tells the labels apart.
+int exponentDigits(float largest, int digits) {
+  double v = std::fabs(static_cast<double>(largest));
+  if (v == 0.0) return digits < 1 ? 1 : digits;
+  for (; v >= 10.0; v /= 10.0) digits = digits > 0 ? digits + 1 : digits;
+  for (; v < 1.0; v *= 10.0) digits--;
+  return digits < 1 ? 1 : digits;
+}
+
+void logarithmicLimits(PlotState* s, int axis, AxisScale& scale) {
+  s->axis.labelType[axis] = 1;
+  if (scale.start > 0.0F) {
+    scale.start = std::log10(scale.start);
+  } else {
+    warnPlain(s, 23);
+    scale.start = -1.0F;
+    s->axis.autoMin[axis] = 0.1F;
+  }
+  if (scale.end > 0.0F) {
+    scale.end = std::log10(scale.end);
+  } else {
+    warnPlain(s, 24);
+    scale.end = 0.0F;
+    s->axis.autoMax[axis] = 1.0F;
+  }
+}
+
+} // namespace
+
+AxisScale automaticScale(PlotState* s, int axis, int& digits) {
+  AxisScale scale{s->axis.autoMin[axis], s->axis.autoMax[axis], 0.0F, 1.0F};
+  if (s->axis.axisLogScale[axis] != 0) logarithmicLimits(s, axis, scale);
+  double range = static_cast<double>(scale.end) - scale.start;
+  int p = powerOfTen(range);
+  double step = std::pow(10.0, p), q = range / step;
+  digits = p < 0 ? -p : -1;
+  scale.first = firstMultiple(scale.start, static_cast<float>(step));
+  float room = labelRoom(s, axis, scale, digits);
+  refineStep(s, axis, room, p, q, step, digits);
+  scale.step = static_cast<float>(step);
+  if (isExponentKind(s->axis.labelKind[axis])) {
+    digits = exponentDigits(std::fmax(std::fabs(scale.start), std::fabs(scale.end)), digits);
+  }
+  if (std::fabs(scale.start / scale.step) <= kIntegerRange) {
+    scale.first = firstMultiple(scale.start, scale.step);
+  } else {
+    scale.first = scale.start;
+    scale.step = scale.end - scale.start;
+    digits = 3;
+  }
+  return scale;
+}
+
+int checkScale(PlotState* s, int axis, const AxisScale& scale) {
+  if (!std::isfinite(scale.start) || !std::isfinite(scale.end) || !std::isfinite(scale.first) ||
+      !std::isfinite(scale.step)) {
+    warnPlain(s, 2);
+    return 1;
+  }
+  int failed = 0;
+  auto fail = [&](int message) {
+    warnPlain(s, message);
+    failed = 1;
+  };
+  if (std::fabs(scale.end - scale.start) <= kTiny) fail(10);
+  if (std::fabs(scale.step) <= kTiny) fail(9);
+  if (s->axis.axisLength[axis] < 2) fail(11);
+  bool rising = scale.end >= scale.start;
+  float low = rising ? scale.start : scale.end, high = rising ? scale.end : scale.start;
+  if (scale.first < low || scale.first > high) warnPlain(s, 12);
+  if (rising ? scale.step < 0.0F : scale.step > 0.0F) warnPlain(s, 50);
+  return failed;
+}
+
+void storeScale(PlotState* s, int axis, const AxisScale& scale) {
+  ScalingState& c = s->scaling;
+  const AxisGroup& a = s->axis;
+  c.axisStart[axis] = scale.start;
+  c.axisEnd[axis] = scale.end;
+  c.axisFirstLabel[axis] = scale.first;
+  c.axisStep[axis] = scale.step;
+  float low = scale.start, high = scale.end;
+  if (a.axisLogScale[axis] != 0) {
+    low = a.autoScaled[axis] ? a.autoMin[axis] : std::pow(10.0F, low);
+    high = a.autoScaled[axis] ? a.autoMax[axis] : std::pow(10.0F, high);
+  }
+  if (high < low) {
+    float kept = low;
+    low = high;
+    high = kept;
+  }
+  float factor = static_cast<float>(a.axisLength[axis] - 1) / (scale.end - scale.start);
+  if (axis == kAxisX) {
+    c.userMinX = low;
+    c.userMaxX = high;
+    c.axisFactorX = factor;
+    c.axisOriginPlotX = static_cast<float>(a.axisPosX);
+  } else if (axis == kAxisY) {
+    c.userMinY = low;
+    c.userMaxY = high;
+    c.axisFactorY = factor;
+    c.axisOriginPlotY = static_cast<float>(a.axisPosY);
+  }
+}
+
+float plotX(const PlotState* s, float x) {
+  if (s->axis.axisLogScale[kAxisX] != 0) x = std::log10(x);
+  return (x - s->scaling.axisStart[kAxisX]) * s->scaling.axisFactorX + s->scaling.axisOriginPlotX;
+}
+
+float plotY(const PlotState* s, float y) {
+  if (s->axis.axisLogScale[kAxisY] != 0) y = std::log10(y);
+  return s->scaling.axisOriginPlotY - (y - s->scaling.axisStart[kAxisY]) * s->scaling.axisFactorY;
+}
+
+void storeAxisClip(PlotState* s) {
+  const AxisGroup& a = s->axis;
+  int grace = a.graceMargin, originX = s->page.originX, originY = s->page.originY;
+  auto onPage = [](int value, int high) { return value < 0 ? 0 : value > high ? high : value; };
+  int width = s->geometry.pageWidth, height = s->geometry.pageHeight;
+  int* clip = s->scaling.axisClip;
+  clip[0] = onPage(originX + a.axisPosX - grace, width);
+  clip[1] = onPage(originY + a.axisPosY + 1 - grace - a.axisLength[kAxisY], height);
+  clip[2] = onPage(originX + a.axisPosX + grace - 1 + a.axisLength[kAxisX], width);
+  clip[3] = onPage(originY + a.axisPosY + grace, height);
+  s->scaling.axisRightX = a.axisPosX - 1 + a.axisLength[kAxisX];
+  s->scaling.axisTopY = a.axisPosY - a.axisLength[kAxisY] + 1;
+}
+
+void axisClipOn(PlotState* s) {
+  ClipGroup& c = s->clip;
+  if (c.clipBorderMode == kBorderAxis || s->level.plotLevel == kLevelAxis3D || c.clipMode == kClipNone) return;
+  flushPath(s);
+  int saved[4] = {c.clipX0, c.clipY0, c.clipX1, c.clipY1};
+  for (int i = 0; i < 4; i++) c.savedClip[i] = saved[i];
+  const int* axis = s->scaling.axisClip;
+  setClipRectangle(s, axis[0] > saved[0] ? axis[0] : saved[0], axis[1] > saved[1] ? axis[1] : saved[1],
+                   axis[2] < saved[2] ? axis[2] : saved[2], axis[3] < saved[3] ? axis[3] : saved[3]);
+  c.axisClipActive = true;
+  sinkClip(s, true, static_cast<float>(c.clipX0), static_cast<float>(c.clipY0), static_cast<float>(c.clipX1),
+           static_cast<float>(c.clipY1));
+}
+
+void axisClipOff(PlotState* s) {
+  ClipGroup& c = s->clip;
+  if (c.clipBorderMode == kBorderAxis || !c.axisClipActive) return;
+  setClipRectangle(s, c.savedClip[0], c.savedClip[1], c.savedClip[2], c.savedClip[3]);
+  c.axisClipActive = false;
+  sinkClip(s, false, 0.0F, 0.0F, 0.0F, 0.0F);
+}
+
+} // namespace quilla

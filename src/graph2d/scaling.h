@@ -1,0 +1,33 @@
+// Scaling of the open axis system: checks, automatic scaling, user values to plot coordinates and back.
+#pragma once
+
+#include "core/plot_state.h"
+
+namespace quilla {
+
+// Scaling of one axis as GRAF takes it: log10 values on a logarithmic axis.
+struct AxisScale {
+  float start, end, first, step;
+};
+
+// 0 if the scale can be drawn, else 1. Messages 9, 10, 11 (failures), 12 and 50 (warnings only).
+int checkScale(PlotState* s, int axis, const AxisScale& scale);
+
+// Automatic scaling from autoMin and autoMax. Gives the scale and the digits of labels; messages 23 and 24.
+AxisScale automaticScale(PlotState* s, int axis, int& digits);
+
+// Takes the scale into use: factors, origin and the limits of user values.
+void storeScale(PlotState* s, int axis, const AxisScale& scale);
+
+// Plot coordinates of user values, counted from the top of the page, ORIGIN not included.
+float plotX(const PlotState* s, float x);
+float plotY(const PlotState* s, float y);
+
+// Clip limits of curves from position, length, ORIGIN and GRACE.
+void storeAxisClip(PlotState* s);
+
+// Cuts what follows at the axis system; pairs must not be nested.
+void axisClipOn(PlotState* s);
+void axisClipOff(PlotState* s);
+
+} // namespace quilla

@@ -1,0 +1,79 @@
+#include "run/default_settings.h"
+
+#include "core/colors.h"
+#include "core/page.h"
+#include "core/pipeline.h"
+#include "device/sink.h"
+#include "graph2d/axis_system.h"
+#include "text/text.h"
+
+namespace quilla {
+
+namespace {
+
+// Distances in 0.1 mm; they keep the look of a page whatever its units are.
+constexpr int kTickMajor = 24, kTickMinor = 16, kLabelDistance = 24, kNameDistance = 30, kCharacterHeight = 36;
+constexpr int kAxisAbovePageEnd = 300;
+constexpr int kDefaultFont = 1; // QUIALF
+constexpr int kPostDevice = 501;
+
+int atLeastOne(int value) { return value < 1 ? 1 : value; }
+
+} // namespace
+
+AxisGroup defaultAxisGroup(const PlotState* s) {
+  AxisGroup a;
+  int width = s->geometry.pageWidth, height = s->geometry.pageHeight;
+  a.axisLength[kAxisX] = roundHalfUp(static_cast<float>(width + 1) * 2.0F / 3.0F);
+  a.axisLength[kAxisY] = roundHalfUp(static_cast<float>(height + 1) * 2.0F / 3.0F);
+  a.axisPosX = (width - a.axisLength[kAxisX]) / 2;
+  a.axisPosY = height - plotUnits(s, kAxisAbovePageEnd);
+  a.tickLengthMajor = atLeastOne(plotUnits(s, kTickMajor));
+  a.tickLengthMinor = atLeastOne(plotUnits(s, kTickMinor));
+  a.nameHeight = atLeastOne(plotUnits(s, kCharacterHeight));
+  for (int axis = 0; axis < kAxisCount; axis++) {
+    a.labelDistance[axis] = plotUnits(s, kLabelDistance);
+    a.nameDistance[axis] = plotUnits(s, kNameDistance);
+  }
+  return a;
+}
+
+TextGroup defaultTextGroup(const PlotState* s) {
+  TextGroup t;
+  t.textHeight = atLeastOne(plotUnits(s, kCharacterHeight));
+  return t;
+}
+
+CurveGroup defaultCurveGroup(const PlotState* s) {
+  CurveGroup c;
+  c.markerHeight = atLeastOne(plotUnits(s, kCharacterHeight));
+  for (int i = 0; i < kCycleLength; i++) c.lineCycle[i] = i % kLineTypeCount;
+  return c;
+}
+
+void applyDefaultSettings(PlotState* s) {
+  flushPath(s);
+  s->line = LineGroup{};
+  setLineType(s, 0);
+  s->dash.lineGapSize = 0.0F;
+  s->color.currentColor = 0;
+  loadColorTable(s, s->deviceSetup.deviceNumber == kPostDevice ? kTableReverseGrey : kTableRain);
+  s->message = MessageGroup{};
+  s->message.messageUnit = s->streams.errorFileStream ? kUnitFile : kUnitConsole;
+  s->page = PageGroup{};
+  s->clip = ClipGroup{};
+  clipWholePage(s);
+  s->axis = defaultAxisGroup(s);
+  s->myLabels = MyLabelGroup{};
+  s->curve = defaultCurveGroup(s);
+  resetCycle(s);
+  s->text = defaultTextGroup(s);
+  s->textState = TextState{};
+  s->font = FontGroup{};
+  installFont(s, kDefaultFont);
+  sinkLineCap(s, s->line.lineCap);
+  sinkLineJoin(s, s->line.lineJoin);
+  setLineWidth(s, 1);
+}
+
+} // namespace quilla

@@ -1,0 +1,374 @@
+// RESET: one group of settings, by the name of its routine, back to its default.
+#include <cstdlib>
+#include <cstring>
+
+#include "core/colors.h"
+#include "core/levels.h"
+#include "core/messages.h"
+#include "core/pipeline.h"
+#include "quilla/quilla.h"
+#include "run/default_settings.h"
+#include "text/text.h"
+
+using namespace quilla;
+
+namespace {
+
+struct Defaults {
+  AxisGroup axis;
+  TextGroup text;
+  CurveGroup curve;
+};
+
+template <class Field> void copyField(Field& target, const Field& source) {
+  std::memcpy(&target, &source, sizeof target);
+}
+
+void restoreClip(PlotState* s) {
+  s->clip.clipBorderMode = kBorderPage;
+  clipWholePage(s);
+}
+
+void fillColorCycle(PlotState* s) {
+  for (int i = 0; i < kCycleLength; i++) s->color.colorCycle[i] = s->color.namedColors[i % (kNamedColorCount - 1)];
+}
+
+int lastRangeEntry(const PlotState* s) {
+  int last = lastTableEntry(s->color.tableKind);
+  return s->color.tableKind == kTableSmall ? kNamedColorCount - 1 : last - 1;
+}
+
+void resetLabelDigits(PlotState* s, const AxisGroup& d) {
+  copyField(s->axis.labelDigits, d.labelDigits);
+  copyField(s->axis.labelAutoDigits, d.labelAutoDigits);
+  copyField(s->axis.labelDigitsGiven, d.labelDigitsGiven);
+}
+
+void resetMixCharacters(PlotState* s, const TextGroup& d) {
+  s->text.mixExp = d.mixExp;
+  s->text.mixIndex = d.mixIndex;
+  s->text.mixReset = d.mixReset;
+  s->text.mixLegend = d.mixLegend;
+  s->text.mixTex = d.mixTex;
+}
+
+void resetNumberMode(PlotState* s, const TextGroup& d) {
+  s->text.decimalChar = d.decimalChar;
+  s->text.groupChar = d.groupChar;
+  s->text.plusChar = d.plusChar;
+  s->text.equalMode = d.equalMode;
+}
+
+struct ResetRow {
+  char name[5];
+  void (*restore)(PlotState* s, const Defaults& d); // null: the settings belong to graphs without fields of their own
+};
+
+constexpr ResetRow kResetRows[] = {
+    {"ALL ", [](PlotState* s, const Defaults&) {
+     applyDefaultSettings(s);
+   }},
+    {"ANGL", [](PlotState* s, const Defaults&) {
+     setTextAngle(s, 0);
+   }},
+    {"AUTR", nullptr},
+    {"AX3L", nullptr},
+    {"AXCL", [](PlotState* s, const Defaults& d) {
+     copyField(s->axis.axisColors, d.axis.axisColors);
+   }},
+    {"AXEN", [](PlotState* s, const Defaults& d) {
+     copyField(s->axis.axisEndsMode, d.axis.axisEndsMode);
+   }},
+    {"AXIS", nullptr},
+    {"AXSL", [](PlotState* s, const Defaults& d) {
+     s->axis.axisLength[kAxisX] = d.axis.axisLength[kAxisX];
+     s->axis.axisLength[kAxisY] = d.axis.axisLength[kAxisY];
+   }},
+    {"AXSP", [](PlotState* s, const Defaults& d) {
+     s->axis.axisPosX = d.axis.axisPosX;
+     s->axis.axisPosY = d.axis.axisPosY;
+     s->axis.axisOriginGiven = false;
+   }},
+    {"BARD", nullptr},
+    {"BARG", nullptr},
+    {"BARP", nullptr},
+    {"BART", nullptr},
+    {"BARW", [](PlotState* s, const Defaults& d) {
+     s->curve.barWidth = d.curve.barWidth;
+   }},
+    {"BASA", [](PlotState* s, const Defaults&) {
+     s->font.baseAlphabet = s->font.currentAlphabet = 1;
+   }},
+    {"CENT", [](PlotState* s, const Defaults&) {
+     s->axis.centerState = 0;
+   }},
+    {"CHAA", [](PlotState* s, const Defaults& d) {
+     s->text.charSlant = d.text.charSlant;
+   }},
+    {"CHAS", [](PlotState* s, const Defaults& d) {
+     s->text.charSpacing = d.text.charSpacing;
+   }},
+    {"CHAW", [](PlotState* s, const Defaults& d) {
+     s->text.charWidthFactor = d.text.charWidthFactor;
+   }},
+    {"CHNC", [](PlotState* s, const Defaults& d) {
+     s->curve.cycleMode = d.curve.cycleMode;
+   }},
+    {"CHNP", nullptr},
+    {"CIRC", nullptr},
+    {"CLPB", [](PlotState* s, const Defaults&) {
+     restoreClip(s);
+   }},
+    {"CLPM", [](PlotState* s, const Defaults&) {
+     s->clip.clipMode = kClipAuto;
+   }},
+    {"CLPW", [](PlotState* s, const Defaults&) {
+     restoreClip(s);
+   }},
+    {"CLRC", [](PlotState* s, const Defaults&) {
+     fillColorCycle(s);
+   }},
+    {"COLM", nullptr},
+    {"COLO", [](PlotState* s, const Defaults&) {
+     setColor(s, s->color.foregroundColor);
+   }},
+    {"COLR", [](PlotState* s, const Defaults&) {
+     s->color.colorRangeLow = 1;
+     s->color.colorRangeHigh = lastRangeEntry(s);
+   }},
+    {"CONC", nullptr},
+    {"CONG", nullptr},
+    {"CONM", nullptr},
+    {"DIGI", [](PlotState* s, const Defaults& d) {
+     resetLabelDigits(s, d.axis);
+   }},
+    {"EUSH", [](PlotState* s, const Defaults&) {
+     s->text.shiftCharsOn = false;
+   }},
+    {"EXPZ", nullptr},
+    {"FILB", nullptr},
+    {"FILC", nullptr},
+    {"FIXS", [](PlotState* s, const Defaults&) {
+     s->text.fixedSpacingOn = false;
+   }},
+    {"FLAB", nullptr},
+    {"FRAM", [](PlotState* s, const Defaults& d) {
+     s->axis.frameThickness = d.axis.frameThickness;
+   }},
+    {"FRME", [](PlotState* s, const Defaults&) {
+     s->text.textBoxFrame = 0;
+   }},
+    {"GAPC", [](PlotState* s, const Defaults& d) {
+     copyField(s->curve.gapLimitOn, d.curve.gapLimitOn);
+   }},
+    {"GRAC", [](PlotState* s, const Defaults&) {
+     s->axis.graceMargin = 0;
+   }},
+    {"HEIG", [](PlotState* s, const Defaults& d) {
+     setTextHeight(s, d.text.textHeight);
+   }},
+    {"HNAM", [](PlotState* s, const Defaults& d) {
+     s->axis.nameHeight = d.axis.nameHeight;
+   }},
+    {"HTIT", [](PlotState* s, const Defaults&) {
+     s->axis.titleHeight = 0;
+   }},
+    {"IANG", nullptr},
+    {"IMGC", nullptr},
+    {"INTA", [](PlotState* s, const Defaults& d) {
+     resetLabelDigits(s, d.axis);
+   }},
+    {"LABC", nullptr},
+    {"LABD", [](PlotState* s, const Defaults& d) {
+     resetLabelDigits(s, d.axis);
+     copyField(s->axis.labelDistance, d.axis.labelDistance);
+   }},
+    {"LABE", [](PlotState* s, const Defaults& d) {
+     copyField(s->axis.labelKind, d.axis.labelKind);
+     copyField(s->axis.labelClass, d.axis.labelClass);
+     copyField(s->axis.labelType, d.axis.labelType);
+   }},
+    {"LABJ", [](PlotState* s, const Defaults& d) {
+     copyField(s->axis.labelJustify, d.axis.labelJustify);
+   }},
+    {"LABP", [](PlotState* s, const Defaults& d) {
+     copyField(s->axis.labelPosition, d.axis.labelPosition);
+   }},
+    {"LABT", [](PlotState* s, const Defaults& d) {
+     copyField(s->axis.labelOrientation, d.axis.labelOrientation);
+   }},
+    {"LEGC", nullptr},
+    {"LEGE", nullptr},
+    {"LFTT", nullptr},
+    {"LINC", [](PlotState* s, const Defaults& d) {
+     copyField(s->curve.lineCycle, d.curve.lineCycle);
+   }},
+    {"LINS", [](PlotState* s, const Defaults& d) {
+     s->axis.lineSpacing = d.axis.lineSpacing;
+   }},
+    {"LOGT", [](PlotState* s, const Defaults&) {
+     s->axis.logTickMode = 0;
+   }},
+    {"MAPD", nullptr},
+    {"MAPM", nullptr},
+    {"MAPP", nullptr},
+    {"MAPR", nullptr},
+    {"MAPS", nullptr},
+    {"MDFM", nullptr},
+    {"MIXA", [](PlotState* s, const Defaults&) {
+     s->text.mixOn = false;
+   }},
+    {"MIXL", nullptr},
+    {"MYLA", [](PlotState* s, const Defaults& d) {
+     s->myLabels = MyLabelGroup{};
+     copyField(s->axis.myLabelCount, d.axis.myLabelCount);
+   }},
+    {"NAMD", [](PlotState* s, const Defaults& d) {
+     copyField(s->axis.nameDistance, d.axis.nameDistance);
+   }},
+    {"NAME", [](PlotState* s, const Defaults& d) {
+     copyField(s->axis.axisName, d.axis.axisName);
+   }},
+    {"NEGL", nullptr},
+    {"NEWM", [](PlotState* s, const Defaults& d) {
+     resetMixCharacters(s, d.text);
+   }},
+    {"NOAR", nullptr},
+    {"NOBA", nullptr},
+    {"NOBG", nullptr},
+    {"NOCH", [](PlotState* s, const Defaults&) {
+     s->message.dataCheckOn = true;
+   }},
+    {"NOCL", [](PlotState* s, const Defaults&) {
+     s->clip.clipMode = kClipAuto;
+   }},
+    {"NOFI", nullptr},
+    {"NOGR", [](PlotState* s, const Defaults&) {
+     s->axis.noAxesDrawn = false;
+   }},
+    {"NOHI", nullptr},
+    {"NOLI", [](PlotState* s, const Defaults& d) {
+     copyField(s->axis.axisLineOn, d.axis.axisLineOn);
+   }},
+    {"NUMF", [](PlotState* s, const Defaults& d) {
+     s->text.numberFormat = d.text.numberFormat;
+   }},
+    {"NUMO", [](PlotState* s, const Defaults& d) {
+     resetNumberMode(s, d.text);
+   }},
+    {"ORIG", [](PlotState* s, const Defaults&) {
+     flushPath(s);
+     s->page.originX = s->page.originY = 0;
+   }},
+    {"PATC", nullptr},
+    {"PIEC", nullptr},
+    {"PIEE", nullptr},
+    {"PIEL", nullptr},
+    {"PIEV", nullptr},
+    {"POLC", [](PlotState* s, const Defaults& d) {
+     s->curve.curveMode = d.curve.curveMode;
+   }},
+    {"PROJ", nullptr},
+    {"PSME", [](PlotState* s, const Defaults&) {
+     std::free(s->deviceSetup.psInfoText);
+     s->deviceSetup.psInfoText = nullptr;
+   }},
+    {"RGTL", [](PlotState* s, const Defaults&) {
+     s->axis.rightJustifyLabels = false;
+   }},
+    {"RVYN", [](PlotState* s, const Defaults&) {
+     s->axis.reverseYName = false;
+   }},
+    {"SCAL", [](PlotState* s, const Defaults& d) {
+     copyField(s->axis.axisLogScale, d.axis.axisLogScale);
+   }},
+    {"SETB", [](PlotState* s, const Defaults& d) {
+     s->text.mixExpShift = d.text.mixExpShift;
+   }},
+    {"SETC", [](PlotState* s, const Defaults&) {
+     setColor(s, s->color.foregroundColor);
+   }},
+    {"SETE", [](PlotState* s, const Defaults& d) {
+     s->text.mixExpShift = d.text.mixExpShift;
+   }},
+    {"SETG", [](PlotState* s, const Defaults& d) {
+     copyField(s->axis.axisPartDrawn, d.axis.axisPartDrawn);
+   }},
+    {"SETM", [](PlotState* s, const Defaults& d) {
+     resetMixCharacters(s, d.text);
+   }},
+    {"SETR", nullptr},
+    {"SETS", [](PlotState* s, const Defaults& d) {
+     copyField(s->axis.autoScaled, d.axis.autoScaled);
+   }},
+    {"SHDC", nullptr},
+    {"SHDP", nullptr},
+    {"SHIE", nullptr},
+    {"SHLS", nullptr},
+    {"SMXA", [](PlotState* s, const Defaults&) {
+     copyField(s->text.alphabetShifts, d.text.alphabetShifts);
+     s->text.alphabetShiftsOn = false;
+   }},
+    {"SPLM", [](PlotState* s, const Defaults& d) {
+     s->curve.splineDegree = d.curve.splineDegree;
+     s->curve.splinePoints = d.curve.splinePoints;
+   }},
+    {"SURC", nullptr},
+    {"SURS", nullptr},
+    {"SURV", nullptr},
+    {"SYMR", [](PlotState* s, const Defaults&) {
+     s->curve.symbolAngle = 0.0F;
+   }},
+    {"THKC", [](PlotState* s, const Defaults&) {
+     s->curve.curveThickness = 1;
+   }},
+    {"TICK", [](PlotState* s, const Defaults& d) {
+     copyField(s->axis.tickCount, d.axis.tickCount);
+   }},
+    {"TICL", [](PlotState* s, const Defaults& d) {
+     s->axis.tickLengthMajor = d.axis.tickLengthMajor;
+     s->axis.tickLengthMinor = d.axis.tickLengthMinor;
+   }},
+    {"TICP", [](PlotState* s, const Defaults& d) {
+     copyField(s->axis.tickPosition, d.axis.tickPosition);
+   }},
+    {"TIMO", nullptr},
+    {"TITL", [](PlotState* s, const Defaults& d) {
+     copyField(s->axis.titleLine, d.axis.titleLine);
+     copyField(s->axis.titleUnderlined, d.axis.titleUnderlined);
+   }},
+    {"UNIT", [](PlotState* s, const Defaults&) {
+     s->message.messageUnit = s->streams.errorFileStream ? kUnitFile : kUnitConsole;
+     s->streams.messageStream = s->streams.errorFileStream;
+   }},
+    {"VIEW", nullptr},
+    {"VKXB", nullptr},
+    {"VKYB", nullptr},
+    {"VKYT", [](PlotState* s, const Defaults&) {
+     s->axis.titleDistance = 0;
+   }},
+    {"WIDB", nullptr},
+    {"WIND", nullptr},
+    {"WINM", nullptr},
+    {"WINS", nullptr},
+    {"ZSCA", nullptr},
+};
+static_assert(sizeof kResetRows / sizeof kResetRows[0] == 130);
+
+} // namespace
+
+void RESET(const char* name) {
+  PlotState* s = setterCheck("reset");
+  if (!s) return;
+  char key[5];
+  keyOf(name, key);
+  for (const ResetRow& row : kResetRows) {
+    if (std::memcmp(row.name, key, 4) != 0) continue;
+    // Before a plot there is nothing to keep: QUIINI sets everything to its default.
+    if (s->level.plotLevel == kLevelNone || !row.restore) return;
+    Defaults defaults{defaultAxisGroup(s), defaultTextGroup(s), defaultCurveGroup(s)};
+    flushPath(s);
+    return row.restore(s, defaults);
+  }
+  warnWithString(s, 2, name);
+}

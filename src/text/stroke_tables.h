@@ -1,0 +1,15 @@
+// The compiled stroke fonts. Points: one word each, low byte x, high byte y, signed. Index: a record for each glyph,
+// first its length L in words, then stroke entries n, s (n points from the s-th on, counted from 1) or -n, s, d (the
+// same points moved by d: low byte x, high byte y, signed, in half units) until L words are used.
+#pragma once
+
+#include <cstdint>
+
+namespace quilla {
+
+extern const std::int16_t kQuialfPoints[], kQuialfIndex[], kQuialfGreekIndex[];
+extern const std::int16_t kSimplxPoints[], kSimplxIndex[], kSimplxGreekIndex[];
+extern const std::int16_t kDuplxPoints[], kDuplxIndex[];
+extern const std::int16_t kComplxPoints[], kComplxIndex[];
+
+} // namespace quilla

@@ -1,0 +1,176 @@
+// Placing texts on the page: lengths, frames, backgrounds, MESSAG and its kin.
+#include <cmath>
+#include <cstdio>
+
+#include "core/colors.h"
+#include "core/levels.h"
+#include "core/messages.h"
+#include "core/page.h"
+#include "core/pipeline.h"
+#include "device/sink.h"
+#include "quilla/quilla.h"
+#include "text/coding.h"
+#include "text/text.h"
+#include "text/text_walk.h"
+
+namespace quilla {
+namespace {
+
+constexpr int kContinue = 999;         // both coordinates: at the text cursor
+constexpr float kTextBoxFactor = 1.4F; // a box is wider than its text by (factor - 1) heights
+constexpr int kOutOfPage = 193;
+
+// Rectangle turned by the text angle; corners in order.
+struct TextBox {
+  float x[4], y[4];
+};
+
+struct TextExtent {
+  float length;
+  bool exponents, indices;
+};
+
+// Measures count codes from the cursor's present place; the cursor and the fonts stay.
+TextExtent measure(PlotState* s, int count) {
+  TextState& t = s->textState;
+  const float x = t.textCursorX, y = t.textCursorY, startX = t.textStartX, startY = t.textStartY;
+  const FontGroup font = s->font;
+  t.textMeasure = true;
+  t.textStartX = t.textCursorX = 0.0F;
+  t.textStartY = t.textCursorY = 0.0F;
+  beginWalk(s);
+  walkText(s, count);
+  const TextExtent extent = {t.largestDistance, t.exponentSeen, t.indexSeen};
+  t.textMeasure = false;
+  t.textCursorX = x;
+  t.textCursorY = y;
+  t.textStartX = startX;
+  t.textStartY = startY;
+  s->font = font;
+  return extent;
+}
+
+// Box of a text whose baseline starts at the text start, widened by margin on each side and grown by more.
+TextBox boxAround(const PlotState* s, const TextExtent& extent, float more) {
+  const float h = static_cast<float>(s->text.textHeight), c = s->text.textCos, n = s->text.textSin;
+  const float margin = (kTextBoxFactor - 1.0F) * h / 2.0F + more;
+  const float reach = h * (s->text.mixExpShift + s->text.mixExpSize - 1.0F);
+  const float left = -margin, right = extent.length + margin;
+  const float bottom = -margin - (extent.indices ? reach : 0.0F);
+  const float top = h - 1.0F + margin + (extent.exponents ? reach : 0.0F);
+  const float us[4] = {left, right, right, left}, vs[4] = {bottom, bottom, top, top};
+  TextBox box;
+  for (int i = 0; i < 4; ++i) {
+    box.x[i] = s->textState.textStartX + us[i] * c - vs[i] * n;
+    box.y[i] = s->textState.textStartY - us[i] * n - vs[i] * c;
+  }
+  return box;
+}
+
+void fillBackground(PlotState* s, const TextExtent& extent) {
+  TextBox box = boxAround(s, extent, 0.0F);
+  for (int i = 0; i < 4; ++i) {
+    box.x[i] -= static_cast<float>(s->page.originX);
+    box.y[i] -= static_cast<float>(s->page.originY);
+  }
+  const int color = s->color.currentColor;
+  setColor(s, s->text.textBackground);
+  fillPolygon(s, box.x, box.y, 4);
+  setColor(s, color);
+}
+
+// Lines of a frame lie one unit apart: inward of the box if the thickness is positive, outward otherwise.
+void drawFrame(PlotState* s, const TextExtent& extent) {
+  const int thickness = s->text.textBoxFrame;
+  const int lines = std::abs(thickness);
+  for (int i = 0; i < lines; ++i) {
+    const TextBox box = boxAround(s, extent, static_cast<float>(thickness > 0 ? -i : i));
+    pathMove(s, box.x[3], box.y[3]);
+    for (int k = 0; k < 4; ++k) pathDraw(s, box.x[k], box.y[k]);
+  }
+}
+
+void warnOutOfPage(PlotState* s, const char* what, int x, int y) {
+  if (x >= 0 && x <= s->geometry.pageWidth && y >= 0 && y <= s->geometry.pageHeight) return;
+  char text[64];
+  std::snprintf(text, sizeof text, "%s (%5d/%5d) out of page", what, x, y);
+  warnWithText(s, kOutOfPage, text);
+}
+
+// Puts the cursor to the baseline below the upper left corner (x, y), or leaves it where the last text ended.
+void placeCursor(PlotState* s, int x, int y) {
+  TextState& t = s->textState;
+  const float up = static_cast<float>(s->text.textHeight) - 1.0F;
+  if (x != kContinue || y != kContinue) {
+    t.textCursorX = static_cast<float>(x + s->page.originX) + up * s->text.textSin;
+    t.textCursorY = static_cast<float>(y + s->page.originY) + up * s->text.textCos;
+    warnOutOfPage(s, "Startpoint", x + s->page.originX, y + s->page.originY);
+  } else if (!t.cursorPlaced) {
+    t.textCursorX = static_cast<float>(s->page.originX);
+    t.textCursorY = static_cast<float>(s->page.originY);
+  }
+  t.cursorPlaced = true;
+  t.textStartX = t.textCursorX;
+  t.textStartY = t.textCursorY;
+}
+
+} // namespace
+
+int textLength(PlotState* s, const char* text) {
+  const int count = decodeText(s, text);
+  if (count == 0) return 0;
+  return roundHalfUp(measure(s, count).length);
+}
+
+void textAt(PlotState* s, const char* text, int x, int y) {
+  const int count = decodeText(s, text);
+  if (count == 0) return;
+  placeCursor(s, x, y);
+  TextExtent extent = {0.0F, false, false};
+  if (s->text.textBackground >= 0 || s->text.textBoxFrame != 0) extent = measure(s, count);
+  if (s->text.textBackground >= 0) fillBackground(s, extent);
+  beginWalk(s);
+  walkText(s, count);
+  const TextState& t = s->textState;
+  warnOutOfPage(s, "Endpoint", roundHalfUp(t.textCursorX - t.gap * s->text.textCos),
+                roundHalfUp(t.textCursorY + t.gap * s->text.textSin));
+  if (s->text.textBoxFrame != 0) drawFrame(s, extent);
+}
+
+void textAtWith(PlotState* s, const char* text, int x, int y, int angle, int height) {
+  const int oldHeight = s->text.textHeight, oldAngle = s->text.textAngle;
+  setTextHeight(s, height);
+  setTextAngle(s, angle);
+  textAt(s, text, x, y);
+  setTextAngle(s, oldAngle);
+  setTextHeight(s, oldHeight);
+}
+
+void placeText(PlotState* s, const char* text, int x, int y) {
+  if (x == kContinue && y == kContinue) {
+    textAt(s, text, x, y);
+    return;
+  }
+  const TextGroup& g = s->text;
+  const int length = g.textJustifyX == 0 ? 0 : textLength(s, text);
+  const float dx = static_cast<float>(g.textJustifyX == 0 ? 0 : g.textJustifyX == 1 ? length / 2 : length);
+  const float dy = static_cast<float>(g.textJustifyY == 0 ? 0 : g.textJustifyY == 1 ? g.textHeight / 2 : g.textHeight);
+  const float fx = static_cast<float>(x), fy = static_cast<float>(userY(s, y));
+  textAt(s, text, static_cast<int>(fx - g.textCos * dx - g.textSin * dy + 0.5F),
+         static_cast<int>(fy + g.textSin * dx - g.textCos * dy + 0.5F));
+}
+
+} // namespace quilla
+
+using namespace quilla;
+
+void MESSAG(const char* text, int nx, int ny) {
+  PlotState* s = strictCheck(kLevelPlot, kLevelAxis3D, "messag");
+  if (!s) return;
+  placeText(s, text, nx, ny);
+}
+
+int NLMESS(const char* text) {
+  PlotState* s = strictCheck(kLevelPlot, kLevelAxis3D, "nlmess");
+  return s ? textLength(s, text) : 0;
+}

@@ -1,0 +1,287 @@
+// The walk over a text: alphabet shifts, exponents, and each character by its font.
+#include "text/text_walk.h"
+
+#include <algorithm>
+
+#include "core/colors.h"
+#include "core/page.h"
+#include "core/pipeline.h"
+#include "device/sink.h"
+#include "text/code_pages.h"
+#include "text/coding.h"
+#include "text/driver_fonts.h"
+#include "text/instructions.h"
+#include "text/stroke_font.h"
+
+namespace quilla {
+namespace {
+
+constexpr int kDevicePdf = 511;
+constexpr int kLastDriverCode = 186;
+constexpr int kDriverCopyright = 187;
+
+// True if the character is drawn in the driver's font.
+bool byDriver(const PlotState* s, int alphabet) {
+  if (s->font.fontKind != kFontPostScript) return false;
+  const int mode = s->text.psShiftFonts;
+  if (alphabet == kAlphabetGreek) return mode == 1 || mode == 3;
+  if (alphabet == kAlphabetItalic) return mode == 2 || mode == 3;
+  return alphabet == kAlphabetStandard;
+}
+
+// The keys of the Greek alphabet as those of the Symbol font.
+int symbolKey(int code) {
+  switch (code) {
+  case 'C': return 'G';
+  case 'G': return 'C';
+  case 'U': return 'Y';
+  case 'Y': return 'U';
+  case 'c': return 'g';
+  case 'g': return 'c';
+  case 'u': return 'y';
+  case 'y': return 'u';
+  default: return code;
+  }
+}
+
+float fixedCell(const PlotState* s) {
+  return s->text.fixedSpacing * kFixedSpacingCell * s->text.charWidthFactor *
+         (static_cast<float>(s->text.textHeight) - 1.0F);
+}
+
+void advance(PlotState* s, float width, float gap) {
+  TextState& t = s->textState;
+  t.largestDistance = std::max(t.largestDistance, lineDistance(s) + width);
+  t.gap = gap;
+  moveForward(s, width + gap);
+}
+
+void driverCharacter(PlotState* s, int code) {
+  TextState& t = s->textState;
+  if (code == kCopyrightCode) {
+    code = kDriverCopyright;
+  } else if (code > kLastDriverCode) {
+    code = ' ';
+  }
+  constexpr float kPointsPerTenthMillimetre = 0.28346458F, kWidthUnits = 40.0F, kDriverGap = 0.1F;
+  const float h = static_cast<float>(s->text.textHeight);
+  const float width = static_cast<float>(s->font.charWidths[code - kFirstCode]) / kWidthUnits * h *
+                      kPointsPerTenthMillimetre * (1000.0F / static_cast<float>(s->font.fontCapHeight)) *
+                      s->text.charWidthFactor;
+  const bool fixed = s->text.fixedSpacingOn;
+  const float cell = fixed ? fixedCell(s) : width;
+  if (!t.textMeasure) {
+    const float inset = (cell - width) / 2.0F, up = t.textUpShift + t.secondUpShift;
+    DriverGlyph glyph;
+    glyph.code = code;
+    glyph.x = t.textCursorX + s->text.textCos * inset - s->text.textSin * up;
+    glyph.y = t.textCursorY - s->text.textSin * inset - s->text.textCos * up;
+    glyph.advance = width;
+    glyph.angle = s->text.textAngle;
+    qqglyph(s, glyph);
+  }
+  advance(s, cell, h * (fixed ? s->text.charSpacing : s->text.charSpacing + kDriverGap));
+}
+
+// Alphabet 4 of fonts that share slot 1's tables there is slot 1, slanted.
+bool slantedStandard(const PlotState* s, int alphabet) {
+  return alphabet == kAlphabetItalic && s->font.fontId != kComplx && s->font.fontId != kGothic;
+}
+
+void strokeCharacter(PlotState* s, int alphabet, int ordinal) {
+  TextState& t = s->textState;
+  const int fontId = s->font.fontId;
+  GlyphChoice choice = {ordinal, false};
+  if (slantedStandard(s, alphabet)) {
+    t.italicFlag = true;
+  } else {
+    choice = remapOrdinal(alphabet, fontId, s->font.slots[kAlphabetMath - 1].alphaCount, ordinal);
+  }
+  if (choice.fromStandard) {
+    setAlphabet(s, kAlphabetStandard);
+    if (alphabet == kAlphabetScript && fontId != kGothic) {
+      t.italicFlag = true;
+      if (t.lastSentToStan == 0 && choice.ordinal != kBlankOrdinal) moveForward(s, t.gap);
+    }
+    if (alphabet == kAlphabetItalic && fontId == kComplx) t.italicFlag = true;
+  }
+  t.lastSentToStan = choice.fromStandard ? 1 : 0;
+
+  const AlphabetSlot& slot = s->font.slots[s->font.currentAlphabet - 1];
+  const std::int16_t* record = glyphRecord(slot, choice.ordinal);
+  const float width =
+      record ? glyphWidth(s, slot, record, kLineFontUnit) : static_cast<float>(s->font.blankWidth) * t.scaleX;
+  const float cell = s->text.fixedSpacingOn ? fixedCell(s) : width;
+  const float before = (cell - width) / 2.0F;
+  moveForward(s, before);
+  if (record && !t.textMeasure) drawGlyph(s, slot, record, kLineFontUnit);
+  moveForward(s, -before);
+  advance(s, cell, t.gap);
+}
+
+// One character after shifts and instructions.
+void drawCharacter(PlotState* s, int code) {
+  TextState& t = s->textState;
+  int alphabet = t.textAlphabet;
+  setAlphabet(s, alphabet);
+  const PrivateCode mapped = mapToGlyph(s, code);
+  code = mapped.code;
+  if (mapped.alphabet != 0) alphabet = mapped.alphabet;
+  bool driver = byDriver(s, alphabet);
+  if (driver && code == kCopyrightCode) {
+    const int device = s->deviceSetup.deviceNumber;
+    if (device >= 501 && device <= 600 && device != kDevicePdf) driver = false;
+  }
+  if (driver && alphabet == kAlphabetGreek) code = symbolKey(code);
+  int ordinal = code - (kFirstCode - 1);
+  t.italicFlag = false;
+  if (ordinal > s->font.slots[alphabet - 1].alphaCount) {
+    ordinal = kBlankOrdinal;
+    if (driver) code = ' ';
+  }
+  setAlphabet(s, alphabet);
+  if (driver) {
+    driverCharacter(s, code);
+  } else {
+    strokeCharacter(s, alphabet, ordinal);
+  }
+  setAlphabet(s, t.textAlphabet);
+}
+
+// Takes the characters that open and close alphabet shifts, and instructions; true if the code is used up.
+bool takeAlphabetShift(PlotState* s, int code) {
+  if (!s->text.alphabetShiftsOn) return false;
+  TextState& t = s->textState;
+  if (t.openShift == 0) {
+    for (int i = 0; i < kAlphabetShiftCount; ++i) {
+      const AlphabetShift& shift = s->text.alphabetShifts[i];
+      if (shift.alphabet == 0 || static_cast<unsigned char>(shift.in) != code) continue;
+      t.openShift = i + 1;
+      t.returnAlphabet = t.textAlphabet;
+      if (shift.alphabet == kAlphabetInstructions) {
+        t.command = TextCommand();
+      } else {
+        t.textAlphabet = shift.alphabet;
+      }
+      return true;
+    }
+    return false;
+  }
+  const AlphabetShift& shift = s->text.alphabetShifts[t.openShift - 1];
+  const bool instructions = shift.alphabet == kAlphabetInstructions;
+  if (static_cast<unsigned char>(shift.out) == code) {
+    if (instructions) finishInstructions(s);
+    t.openShift = 0;
+    t.textAlphabet = t.returnAlphabet;
+    return true;
+  }
+  if (instructions) readInstruction(s, code);
+  return instructions;
+}
+
+// Raises an exponent or lowers an index. An index reaches as far below the line as an exponent reaches above it.
+void mixStep(PlotState* s, bool exponent) {
+  TextState& t = s->textState;
+  const float h = static_cast<float>(s->text.textHeight);
+  const float reach = s->text.mixExpShift + s->text.mixExpSize - 1.0F;
+  const float rise = h * (exponent ? s->text.mixExpShift : -reach);
+  (exponent ? t.exponentSeen : t.indexSeen) = true;
+  changeHeight(s, roundHalfUp(h * s->text.mixExpSize));
+  moveUp(s, rise);
+  t.mixShift += rise;
+}
+
+void mixBack(PlotState* s) {
+  TextState& t = s->textState;
+  changeHeight(s, t.originalHeight);
+  moveUp(s, -t.mixShift);
+  t.mixShift = 0.0F;
+}
+
+// Exponent and index characters of MIXALF; true if the code is used up.
+bool takeMixCharacter(PlotState* s, int code) {
+  if (!s->text.mixOn || s->textState.openShift != 0) return false;
+  if (code == static_cast<unsigned char>(s->text.mixExp)) {
+    mixStep(s, true);
+  } else if (code == static_cast<unsigned char>(s->text.mixIndex)) {
+    mixStep(s, false);
+  } else if (code == static_cast<unsigned char>(s->text.mixReset)) {
+    mixBack(s);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+} // namespace
+
+float lineDistance(const PlotState* s) {
+  const TextState& t = s->textState;
+  return (t.textCursorX - t.textStartX) * s->text.textCos - (t.textCursorY - t.textStartY) * s->text.textSin;
+}
+
+void moveForward(PlotState* s, float distance) {
+  s->textState.textCursorX += distance * s->text.textCos;
+  s->textState.textCursorY -= distance * s->text.textSin;
+}
+
+void moveUp(PlotState* s, float distance) {
+  s->textState.textCursorX -= distance * s->text.textSin;
+  s->textState.textCursorY -= distance * s->text.textCos;
+}
+
+void changeHeight(PlotState* s, int height) {
+  height = std::max(height, 1);
+  if (height == s->text.textHeight) return;
+  s->text.textHeight = height;
+  s->textState.lastAlphabet = 0;
+  if (s->font.fontKind == kFontPostScript && !s->textState.textMeasure) sinkFont(s, false);
+}
+
+void changeWidthFactor(PlotState* s, float factor) {
+  if (factor == s->text.charWidthFactor) return;
+  s->text.charWidthFactor = factor;
+  s->textState.lastAlphabet = 0;
+  if (s->font.fontKind == kFontPostScript && !s->textState.textMeasure) sinkFont(s, false);
+}
+
+void beginWalk(PlotState* s) {
+  TextState& t = s->textState;
+  t.textUpShift = t.secondUpShift = 0.0F;
+  t.largestDistance = 0.0F;
+  t.lastSentToStan = -1;
+  t.lastAlphabet = 0;
+  t.italicFlag = false;
+  t.openShift = 0;
+  t.textAlphabet = t.returnAlphabet = s->font.baseAlphabet;
+  t.command = TextCommand();
+  for (float& tab : t.tabs) tab = 0.0F;
+  t.originalHeight = s->text.textHeight;
+  t.originalColor = s->color.currentColor;
+  t.routineWidth = s->text.charWidthFactor;
+  t.routineSpacing = s->text.charSpacing;
+  t.routineSlant = s->text.charSlant;
+  t.mixShift = 0.0F;
+  t.exponentSeen = t.indexSeen = false;
+}
+
+void walkText(PlotState* s, int count) {
+  TextState& t = s->textState;
+  const TextGroup routine = s->text;
+  saveDriverFont(s);
+  for (int i = 0; i < count; ++i) {
+    const int code = t.textCodes[i];
+    if (takeMixCharacter(s, code) || takeAlphabetShift(s, code)) continue;
+    drawCharacter(s, code);
+  }
+  mixBack(s);
+  changeHeight(s, routine.textHeight);
+  changeWidthFactor(s, routine.charWidthFactor);
+  s->text = routine;
+  if (!t.textMeasure && s->color.currentColor != t.originalColor) setColor(s, t.originalColor);
+  restoreDriverFont(s);
+  t.lastAlphabet = 0;
+  s->font.currentAlphabet = s->font.baseAlphabet;
+}
+
+} // namespace quilla
