@@ -102,6 +102,16 @@ TEST_F(Sink, SecondPlotIsTracedBehindTheFirst) {
   EXPECT_EQ(read("trace.txt"), "open 504\nclose\nopen 511\nclose\n");
 }
 
+// The sanitizers watch that nothing is left behind.
+TEST_F(Sink, GivingUpAnOpenPlot) {
+  for (int device : {kDevicePs, kDevicePdf}) {
+    ASSERT_TRUE(open(device));
+    qqpen(s, 1, 2, kPenDraw);
+    freePlotState();
+    s = plotState();
+  }
+}
+
 TEST_F(Sink, FlushSendsWhatIsWritten) {
   ASSERT_TRUE(open(kDevicePs));
   sinkFlush(s);
