@@ -16,7 +16,7 @@ namespace quilla {
 namespace {
 
 constexpr int kNoMemory = 53, kBadDevice = 161;
-constexpr int kTrueColorDepth = 24;
+constexpr int kIndexedDepth = 8, kTrueColorDepth = 24;
 
 // Sheet units per plot unit: the page fits the sheet, and without SCLMOD keeps its size or shrinks.
 float sheetScale(const PlotState* s) {
@@ -64,7 +64,6 @@ bool openPdf(PlotState* s) {
   if (!toMemory && !namePlotFile(s)) return false;
   s->device.deviceScale = sheetScale(s) * kPointsPerSheetUnit;
   s->device.colourDepth = kTrueColorDepth;
-  s->device.freeDrivers = pdfFree;
   const PdfOpenResult result = pdfOpen(s);
   if (result != PdfOpenResult::kFine) {
     pdfFree(s);
@@ -81,6 +80,16 @@ bool openPdf(PlotState* s) {
 
 void closePdf(PlotState* s) {
   if (pdfDocument(s) && !pdfClose(s)) reportFileError(s);
+}
+
+// For a state that is given up: an open plot stays unfinished.
+void freeDrivers(PlotState* s) {
+  delete s->device.postScript;
+  s->device.postScript = nullptr;
+  if (s->device.plotOutput) closeOutput(s->device.plotOutput);
+  s->device.plotOutput = nullptr;
+  pdfFree(s);
+  closeTrace(s);
 }
 
 bool openDriver(PlotState* s) {
@@ -107,7 +116,8 @@ bool openDriver(PlotState* s) {
 bool sinkOpen(PlotState* s) {
   s->device.lineUsed = 0;
   s->device.deviceScale = 1.0F;
-  s->device.colourDepth = 8;
+  s->device.colourDepth = kIndexedDepth;
+  s->device.freeDrivers = freeDrivers;
   openTrace(s);
   if (s->device.trace) traceNumber(s, "open", s->deviceSetup.deviceNumber);
   if (openDriver(s)) return true;
