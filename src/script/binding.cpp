@@ -1,0 +1,164 @@
+#include "script/binding.h"
+
+#include <cstdio>
+#include <cstring>
+
+#include "script/builtin_functions.h"
+#include "script/evaluator.h"
+#include "script/numbers.h"
+#include "script/report.h"
+
+namespace qsl {
+namespace {
+
+constexpr int kMarksLength = kOperands * 3 + 1;
+
+const char* mark_of(const ScriptValue* v) {
+  if (!v) return "U";
+  switch (v->type) {
+  case kChar: return "C";
+  case kByte: return "B";
+  case kShort: return "H";
+  case kInt: return "I";
+  case kFloat: return "F";
+  case kDouble: return "D";
+  case kString:
+  case kCharArray: return "S";
+  case kByteArray: return "BR";
+  case kShortArray: return "HR";
+  case kIntArray: return "IR";
+  case kFloatArray: return "FR";
+  case kDoubleArray: return "DR";
+  default: return "?";
+  }
+}
+
+bool fits(std::string_view field, int position) {
+  const ScriptValue* v = peek_operand(position);
+  const bool alias = operand(position).type == kAlias;
+  if (field == "*") return true;
+  if (field == "U") return alias;
+  if (!v) return false;
+  if (field == "V") return alias;
+  if (field == "AR") return is_array(v->type);
+  if (field == "X") return v->type == kInt || v->type == kFloat || v->type == kDouble;
+  return field == mark_of(v);
+}
+
+void report_mismatch(const char* name, const char* signature, int first) {
+  char marks[kMarksLength] = "";
+  for (int k = first; k < operand_count(); ++k) {
+    if (k > first) std::strcat(marks, ",");
+    std::strcat(marks, mark_of(peek_operand(k)));
+  }
+  report_error("Parameter mismatch");
+  std::printf("      User   : %s (%s)\n", name, marks);
+  std::printf("      Correct: %s (%s)\n", name, signature);
+}
+
+// The undefined identifiers among the operands become INT variables. False after a message.
+bool define_outputs() {
+  for (int k = 0; k < operand_count(); ++k) {
+    ScriptValue& v = operand(k);
+    if (v.type != kAlias || peek_operand(k)) continue;
+    v.value.index = find_variable(v.name);
+    if (v.value.index < 0) v.value.index = new_variable(v.name, interp.variables.level);
+    if (v.value.index < 0) return false;
+  }
+  return true;
+}
+
+// Evaluates the operands of a routine and checks them. False after a message.
+bool check_routine_call(const RoutineRow& row) {
+  clear_stack(0);
+  interp.stack.overflow = false;
+  if (peek_character() != ')' && evaluate(true) == 0) return false;
+  return match_operands(row.name, row.signature, 0) && define_outputs();
+}
+
+// No array may be shorter than the call says.
+bool arrays_are_long_enough(const RoutineRow& row) {
+  for (const ArrayCount& c : row.counts) {
+    if (c.array == 0) break;
+    std::int64_t wanted = operand_value(c.count - 1).value.i;
+    if (c.times != 0) wanted *= operand_value(c.times - 1).value.i;
+    if (wanted <= operand_value(c.array - 1).count) continue;
+    report_error_text("Not enough array elements in", row.name);
+    return false;
+  }
+  return true;
+}
+
+// Calls the routine of a row whose operands have been checked. False if nothing was called.
+bool exec_row(const RoutineRow& row, ScriptValue* result) {
+  if (!row.run) {
+    report_unavailable("Routine", row.name);
+    return false;
+  }
+  if (!arrays_are_long_enough(row)) return false;
+  row.run({row.name, result});
+  return true;
+}
+
+} // namespace
+
+const ScriptValue& operand_value(int k) { return *peek_operand(k); }
+
+int operand_variable(int k) { return operand(k).type == kAlias ? operand(k).value.index : -1; }
+
+void write_int_output(int index, int number) {
+  ScriptValue& v = variable(index);
+  if (owns_memory(v.type)) {
+    free_value(v);
+    set_int(v, 0);
+  }
+  const std::int32_t bits = number;
+  std::memcpy(&v.value, &bits, sizeof bits);
+}
+
+void write_real_output(int index, double number) {
+  free_value(variable(index));
+  set_double(variable(index), number);
+}
+
+bool match_operands(const char* name, const char* signature, int first) {
+  const std::string_view fields(signature);
+  const int length = signature_length(fields);
+  for (int k = 0; k < length; ++k) {
+    const std::string_view field = signature_field(fields, k);
+    if (field == ".") break;
+    if (first + k < operand_count() && fits(field, first + k)) continue;
+    report_mismatch(name, signature, first);
+    return false;
+  }
+  return true;
+}
+
+void run_routine_statement(const char* text, const char* name) {
+  if (const int row = find_routine(name); row >= 0) {
+    if (check_routine_call(kRoutines[row])) exec_row(kRoutines[row], nullptr);
+  } else if (find_function(name) >= 0) {
+    set_token_source(text);
+    evaluate(false);
+  } else {
+    report_error_text("Undefined routine", name);
+  }
+  clear_stack(0);
+}
+
+void run_value_routine(int row_number, const char* variable_name) {
+  const RoutineRow& row = kValueRoutines[row_number];
+  next_token();
+  ScriptValue result{};
+  set_int(result, 0);
+  if (check_routine_call(row) && exec_row(row, &result)) {
+    const int old = find_variable(variable_name);
+    const bool through_alias = old >= 0 && old != find_slot(variable_name, interp.variables.level);
+    if (old >= 0 && !through_alias) free_variable(old);
+    if (!through_alias) set_name(result.name, variable_name);
+    if (store_value(result, through_alias ? old : -1) < 0) free_value(result);
+  }
+  clear_stack(0);
+}
+
+} // namespace qsl

@@ -1,0 +1,75 @@
+// The binding of library routines: rows of name, signature and what to call.
+//
+// A signature is a list of fields, one for each operand: I INT, H SHORT, B BYTE, F FLOAT, X a real number of any kind
+// or an INT, S a text, FR IR BR HR an array of that type, AR any array, U an output variable, V a defined variable,
+// * anything, '.' the rest is free.
+#pragma once
+
+#include <string_view>
+
+#include "script/script_value.h"
+
+namespace qsl {
+
+// An array operand and the operands that tell how many of its elements the routine uses: one integer or the product
+// of two. Positions count from 1; 0 for none.
+struct ArrayCount {
+  unsigned char array, count, times;
+};
+inline constexpr int kCountedArrays = 8;
+
+// A call whose operands fit the signature. Operand 0 is the first.
+struct Call {
+  const char* name;
+  ScriptValue* result; // of a value routine, else null
+};
+
+struct RoutineRow {
+  const char* name;
+  const char* signature;
+  void (*run)(const Call&); // null: the routine does not exist yet
+  ArrayCount counts[kCountedArrays];
+};
+
+inline constexpr int kRoutineCount = 658;
+inline constexpr int kValueRoutineCount = 129;
+extern const RoutineRow kRoutines[kRoutineCount];
+extern const RoutineRow kValueRoutines[kValueRoutineCount];
+int find_routine(const char* name);
+int find_value_routine(const char* name);
+
+// Position from 0 of the k-th field of a signature; an empty field behind the last.
+constexpr std::string_view signature_field(std::string_view signature, int k) {
+  for (; k > 0; --k) {
+    const std::size_t comma = signature.find(',');
+    if (comma == std::string_view::npos) return {};
+    signature.remove_prefix(comma + 1);
+  }
+  return signature.substr(0, signature.find(','));
+}
+constexpr int signature_length(std::string_view signature) {
+  int n = signature.empty() ? 0 : 1;
+  for (char c : signature) n += c == ',';
+  return n;
+}
+
+// Holds the operands from position first on against a signature; false after "Parameter mismatch" and its two lines.
+bool match_operands(const char* name, const char* signature, int first);
+
+// NAME(...) as a statement; the tokeniser stands behind the parenthesis.
+void run_routine_statement(const char* text, const char* name);
+
+// variable = NAME(...) with a value routine; the tokeniser stands behind its name.
+void run_value_routine(int row, const char* variable_name);
+
+// The value of operand k, which an alias takes from its variable.
+const ScriptValue& operand_value(int k);
+// The variable that operand k stands for, or -1.
+int operand_variable(int k);
+
+// Writes outputs. An integer is put into the variable's place without a change of its tag; a variable that owns
+// memory gives it up and becomes INT. A real makes the variable DOUBLE.
+void write_int_output(int variable_index, int number);
+void write_real_output(int variable_index, double number);
+
+} // namespace qsl

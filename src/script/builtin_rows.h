@@ -1,0 +1,79 @@
+// The built-in functions, each given the position of its first argument; the arguments match the row's signature. A
+// function leaves one operand in place of its arguments; after a fault the arguments stay.
+#pragma once
+
+namespace qsl {
+
+void fn_abs(int first);
+void fn_acos(int first);
+void fn_arg(int first);
+void fn_asin(int first);
+void fn_atan(int first);
+void fn_atan2(int first);
+void fn_atonum(int first);
+void fn_byte(int first);
+void fn_catarr(int first);
+void fn_ceil(int first);
+void fn_char(int first);
+void fn_clock(int first);
+void fn_complex(int first);
+void fn_conjg(int first);
+void fn_cos(int first);
+void fn_cosh(int first);
+void fn_dalloc(int first);
+void fn_datblk(int first);
+void fn_datcls(int first);
+void fn_datcnt(int first);
+void fn_date(int first);
+void fn_datfil(int first);
+void fn_dathdr(int first);
+void fn_datmat(int first);
+void fn_datray(int first);
+void fn_datvar(int first);
+void fn_double(int first);
+void fn_exp(int first);
+void fn_falloc(int first);
+void fn_float(int first);
+void fn_floor(int first);
+void fn_fmod(int first);
+void fn_getarg(int first);
+void fn_getenv(int first);
+void fn_getpid(int first);
+void fn_ialloc(int first);
+void fn_imag(int first);
+void fn_inquire(int first);
+void fn_int(int first);
+void fn_log(int first);
+void fn_log10(int first);
+void fn_maxarr(int first);
+void fn_minarr(int first);
+void fn_numtoa(int first);
+void fn_rand(int first);
+void fn_remove(int first);
+void fn_rename(int first);
+void fn_short(int first);
+void fn_sin(int first);
+void fn_sinh(int first);
+void fn_sqrt(int first);
+void fn_srand(int first);
+void fn_string(int first);
+void fn_strlen(int first);
+void fn_strlwr(int first);
+void fn_strrep(int first);
+void fn_strstr(int first);
+void fn_strupr(int first);
+void fn_subarr(int first);
+void fn_submat(int first);
+void fn_substr(int first);
+void fn_system(int first);
+void fn_tan(int first);
+void fn_tanh(int first);
+void fn_time(int first);
+void fn_trmlen(int first);
+void fn_trpmat(int first);
+void fn_varcnt(int first);
+void fn_vardef(int first);
+void fn_vardim(int first);
+void fn_vartyp(int first);
+
+} // namespace qsl

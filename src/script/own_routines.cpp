@@ -1,0 +1,27 @@
+#include "script/own_routines.h"
+
+#include "quilla/quilla.h"
+#include "script/bound_routine.h"
+#include "script/interpreter.h"
+#include "script/system_variables.h"
+
+namespace qsl {
+
+void run_quiini(const Call&) {
+  DriverState& d = interp.driver;
+  if (d.device_override_given) {
+    METAFL(d.device_override);
+    d.device_chosen = true;
+  }
+  QUIINI();
+  apply_all_system_variables();
+}
+
+void run_metafl(const Call& call) {
+  interp.driver.device_chosen = true;
+  run_bound<METAFL, "S">(call);
+}
+
+void run_unit(const Call&) { UNIT(operand_value(0).value.i != 0 ? stdout : nullptr); }
+
+} // namespace qsl

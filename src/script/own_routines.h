@@ -1,0 +1,12 @@
+// Routines with rules beyond a call of the library.
+#pragma once
+
+#include "script/binding.h"
+
+namespace qsl {
+
+void run_quiini(const Call& call);
+void run_metafl(const Call& call);
+void run_unit(const Call& call);
+
+} // namespace qsl

@@ -1,0 +1,23 @@
+// Fixed limits of the interpreter. Each has a diagnostic when it is hit.
+#pragma once
+
+namespace qsl {
+
+inline constexpr int kNameLength = 15;        // characters of a name that count
+inline constexpr int kFileNameLength = 256;   // characters of a file name
+inline constexpr int kRecordSize = 132;       // bytes of a record with its end mark
+inline constexpr int kMainHeaderLength = 81;  // characters read of the main script's header
+inline constexpr int kStatementLength = 1024; // characters of a statement
+inline constexpr int kSavedStatements = 3000; // texts in the statement buffer
+inline constexpr int kOpenSources = 8;        // scripts on the input stack
+inline constexpr int kVariables = 500;        // variables of all levels
+inline constexpr int kLabels = 100;           // labels of all levels
+inline constexpr int kOperands = 50;          // entries of the operand stack
+inline constexpr int kSubscripts = 8;         // dimensions of an array
+inline constexpr int kStringConstantLength = 132;
+inline constexpr int kRoutineLevels = 8;
+inline constexpr int kDeviceNameLength = 6;
+inline constexpr int kDataRecordSize = 512;  // bytes of a data file's record with its end mark
+inline constexpr int kListedTextLength = 26; // LIST shows shorter texts only
+
+} // namespace qsl
