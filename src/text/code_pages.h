@@ -36,4 +36,16 @@ inline constexpr PageEntry kGreekCodes[kLastGreek - kFirstGreek + 1] = {
     {146, 2}, {147, 2},                                                                                           // 973
 };
 
+// Unicode 1024 to 1119: Russian letters at the keys of alphabet 6.
+inline constexpr int kFirstCyrillic = 1024, kLastCyrillic = 1119;
+constexpr PageEntry cyrillicCode(int unicode) {
+  constexpr char kCapitals[] = "ABVGDE[ZIJKLMNOPRSTUFHC^W]&YX\\%Q"; // from A on
+  constexpr char kSmall[] = "abvgde{zijklmnoprstufhc~w}>yx|=q";
+  constexpr int kCapitalIo = 1025, kSmallIo = 1105, kCapitalA = 1040, kSmallA = 1072, kEnd = 1104;
+  if (unicode == kCapitalIo) return {'$', 6};
+  if (unicode == kSmallIo) return {'<', 6};
+  if (unicode < kCapitalA || unicode >= kEnd) return {32, 1};
+  return {static_cast<std::uint8_t>(unicode < kSmallA ? kCapitals[unicode - kCapitalA] : kSmall[unicode - kSmallA]), 6};
+}
+
 } // namespace quilla

@@ -150,6 +150,10 @@ PrivateCode mapToGlyph(const PlotState* s, int code) {
     const PageEntry e = kGreekCodes[code - kFirstGreek];
     return {e.code, e.alphabet};
   }
+  if (coding == kCodingUtf8 && code >= kFirstCyrillic && code <= kLastCyrillic) {
+    const PageEntry e = cyrillicCode(code);
+    return {e.code, e.alphabet};
+  }
   return {32, 0};
 }
 
