@@ -1,5 +1,6 @@
 #include "core/page.h"
 
+#include <limits>
 #include <string_view>
 
 #include "core/levels.h"
@@ -43,6 +44,16 @@ int roundHalfUp(float value) {
   return static_cast<int>(shifted < kLimit ? shifted : kLimit);
 }
 
+int limitedDistance(int distance) {
+  return distance > kLargestPage ? kLargestPage : distance < -kLargestPage ? -kLargestPage : distance;
+}
+
+int addCoordinates(int a, int b) {
+  long long sum = static_cast<long long>(a) + b;
+  constexpr int kLow = std::numeric_limits<int>::min(), kHigh = std::numeric_limits<int>::max();
+  return sum < kLow ? kLow : sum > kHigh ? kHigh : static_cast<int>(sum);
+}
+
 int plotUnits(const PlotState* s, int distance) {
   return static_cast<int>(static_cast<float>(distance) / s->pageSetup.unitFactor + 0.5F);
 }
@@ -52,7 +63,9 @@ float userY(const PlotState* s, float y) {
 }
 
 int userY(const PlotState* s, int y) {
-  return s->page.originAtTop && !s->internalCoordinates ? s->geometry.pageHeight - y : y;
+  if (!s->page.originAtTop || s->internalCoordinates) return y;
+  return y == std::numeric_limits<int>::min() ? std::numeric_limits<int>::max()
+                                              : addCoordinates(s->geometry.pageHeight, -y);
 }
 
 void startPage(PlotState* s) {
@@ -158,8 +171,8 @@ void PAGORG(const char* corner) {
 void ORIGIN(int nx, int ny) {
   PlotState* s = strictCheck(1, 1, "origin");
   if (!s) return;
-  s->page.originX = nx;
-  s->page.originY = s->page.originAtTop ? -ny : ny;
+  s->page.originX = limitedDistance(nx);
+  s->page.originY = s->page.originAtTop ? -limitedDistance(ny) : limitedDistance(ny);
 }
 
 void PAGERA(void) {
@@ -178,7 +191,9 @@ void PAGFLL(int color) {
   PlotState* s = strictCheck(1, 3, "pagfll");
   if (!s || checkRange(s, color, 0, -1)) return;
   flushPath(s);
-  qqbar(s, 0.0F, 0.0F, static_cast<float>(s->geometry.pageWidth), static_cast<float>(s->geometry.pageHeight), color);
+  // The whole page, wherever its origin stands.
+  float x = -static_cast<float>(s->page.originX), y = -static_cast<float>(s->page.originY);
+  qqbar(s, x, y, x + static_cast<float>(s->geometry.pageWidth), y + static_cast<float>(s->geometry.pageHeight), color);
 }
 
 void NEWPAG(void) {

@@ -12,8 +12,14 @@ int plotUnits(const PlotState* s, int distance);
 float userY(const PlotState* s, float y);
 int userY(const PlotState* s, int y);
 
-// value + 0.5, truncated.
+// value + 0.5, truncated; values beyond 2.0e9 are cut there.
 int roundHalfUp(float value);
+
+// Distances and lengths far beyond every page are cut, so that sums with coordinates stay exact.
+int limitedDistance(int distance);
+
+// Sum of coordinates of a script, cut at the ends of the integers.
+int addCoordinates(int a, int b);
 
 // Page size and the clip of a whole page, at QUIINI.
 void startPage(PlotState* s);

@@ -26,8 +26,8 @@ void setPosition(const char* name, int nx, int ny, bool crossing) {
   PlotState* s = strictCheck(1, 1, name);
   if (!s) return;
   int y = userY(s, ny);
-  if (checkRange(s, s->page.originX + nx, 0, s->geometry.pageWidth)) return;
-  if (checkRange(s, s->page.originY + y, 0, s->geometry.pageHeight)) return;
+  if (checkRange(s, addCoordinates(s->page.originX, nx), 0, s->geometry.pageWidth)) return;
+  if (checkRange(s, addCoordinates(s->page.originY, y), 0, s->geometry.pageHeight)) return;
   s->axis.axisOriginGiven = crossing;
   (crossing ? s->axis.axisCrossX : s->axis.axisPosX) = nx;
   (crossing ? s->axis.axisCrossY : s->axis.axisPosY) = y;
@@ -95,8 +95,8 @@ Limits limitsOf(const float* x, int n) {
 void AXSLEN(int nx, int ny) {
   PlotState* s = strictCheck(1, 1, "axslen");
   if (!s || checkRange(s, nx, 2, -1) || checkRange(s, ny, 2, -1)) return;
-  s->axis.axisLength[kAxisX] = nx;
-  s->axis.axisLength[kAxisY] = ny;
+  s->axis.axisLength[kAxisX] = limitedDistance(nx);
+  s->axis.axisLength[kAxisY] = limitedDistance(ny);
 }
 
 void AXSPOS(int nx, int ny) { setPosition("axspos", nx, ny, false); }
@@ -169,11 +169,11 @@ void CENTER(void) {
 }
 
 void GRACE(int margin) {
-  if (PlotState* s = setterCheck("grace")) s->axis.graceMargin = margin;
+  if (PlotState* s = setterCheck("grace")) s->axis.graceMargin = limitedDistance(margin);
 }
 
 void FRAME(int thickness) {
-  if (PlotState* s = setterCheck("frame")) s->axis.frameThickness = thickness;
+  if (PlotState* s = setterCheck("frame")) s->axis.frameThickness = limitedDistance(thickness);
 }
 
 void FRMCLR(int color) {
@@ -246,7 +246,9 @@ void LABTYP(const char* type, const char* axes) {
 }
 
 void LABDIS(int distance, const char* axes) {
-  if (PlotState* s = setterCheck("labdis")) eachAxis(axes, [&](int axis) { s->axis.labelDistance[axis] = distance; });
+  if (PlotState* s = setterCheck("labdis")) {
+    eachAxis(axes, [&](int axis) { s->axis.labelDistance[axis] = limitedDistance(distance); });
+  }
 }
 
 void AXENDS(const char* mode, const char* axes) {
@@ -274,7 +276,9 @@ void NAME(const char* name, const char* axes) {
 }
 
 void NAMDIS(int distance, const char* axes) {
-  if (PlotState* s = setterCheck("namdis")) eachAxis(axes, [&](int axis) { s->axis.nameDistance[axis] = distance; });
+  if (PlotState* s = setterCheck("namdis")) {
+    eachAxis(axes, [&](int axis) { s->axis.nameDistance[axis] = limitedDistance(distance); });
+  }
 }
 
 void NAMJUS(const char* mode, const char* axes) {
@@ -336,7 +340,7 @@ void HTITLE(int height) {
 }
 
 void VKYTIT(int distance) {
-  if (PlotState* s = setterCheck("vkytit")) s->axis.titleDistance = distance;
+  if (PlotState* s = setterCheck("vkytit")) s->axis.titleDistance = limitedDistance(distance);
 }
 
 void LINESP(float spacing) {

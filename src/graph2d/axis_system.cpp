@@ -90,7 +90,8 @@ void drawFrame(PlotState* s) {
   const AxisGroup& a = s->axis;
   int kept = s->color.currentColor;
   if (a.frameColor >= 0) setColor(s, a.frameColor);
-  for (int i = 0; i < a.frameThickness; i++) {
+  int lines = a.frameThickness < s->geometry.pageWidth ? a.frameThickness : s->geometry.pageWidth;
+  for (int i = 0; i < lines; i++) {
     float x0 = static_cast<float>(a.axisPosX - i), y0 = static_cast<float>(a.axisPosY + i);
     float x1 = static_cast<float>(s->scaling.axisRightX + i), y1 = static_cast<float>(s->scaling.axisTopY - i);
     penMove(s, x0, y0);
@@ -105,10 +106,8 @@ void drawFrame(PlotState* s) {
 void fillBackground(PlotState* s) {
   const AxisGroup& a = s->axis;
   flushPath(s);
-  float originX = static_cast<float>(s->page.originX), originY = static_cast<float>(s->page.originY);
-  qqbar(s, static_cast<float>(a.axisPosX) + originX, static_cast<float>(s->scaling.axisTopY) + originY,
-        static_cast<float>(s->scaling.axisRightX) + originX, static_cast<float>(a.axisPosY) + originY,
-        a.axisBackgroundColor);
+  qqbar(s, static_cast<float>(a.axisPosX), static_cast<float>(s->scaling.axisTopY),
+        static_cast<float>(s->scaling.axisRightX), static_cast<float>(a.axisPosY), a.axisBackgroundColor);
 }
 
 // Axes are lines of their own kind: solid, whatever the current line type is.

@@ -162,7 +162,7 @@ void RESATT(void) {
 void SYMBOL(int symbol, int nx, int ny) {
   PlotState* s = strictCheck(1, 3, "symbol");
   if (!s || checkRange(s, symbol, 0, kHighestSymbol)) return;
-  int y = userY(s, ny), x = nx + s->page.originX, top = y + s->page.originY;
+  int y = userY(s, ny), x = addCoordinates(nx, s->page.originX), top = addCoordinates(y, s->page.originY);
   if (x < 0 || x > s->geometry.pageWidth || top < 0 || top > s->geometry.pageHeight) {
     char text[64];
     std::snprintf(text, sizeof text, "(%d/%d) out of page", nx, ny);

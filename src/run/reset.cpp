@@ -307,7 +307,7 @@ constexpr ResetRow kResetRows[] = {
     {"SHLS", nullptr},
     {"SMXA", [](PlotState* s, const Defaults& d) {
      copyField(s->text.alphabetShifts, d.text.alphabetShifts);
-     s->text.alphabetShiftsOn = false;
+     s->text.alphabetShiftCount = 0;
    }},
     {"SPLM", [](PlotState* s, const Defaults& d) {
      s->curve.splineDegree = d.curve.splineDegree;

@@ -1,4 +1,5 @@
 // Placing texts on the page: lengths, frames, backgrounds, MESSAG and its kin.
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 
@@ -82,7 +83,7 @@ void fillBackground(PlotState* s, const TextExtent& extent) {
 // Lines of a frame lie one unit apart: inward of the box if the thickness is positive, outward otherwise.
 void drawFrame(PlotState* s, const TextExtent& extent) {
   const int thickness = s->text.textBoxFrame;
-  const int lines = std::abs(thickness);
+  const int lines = std::min(std::abs(thickness), s->geometry.pageWidth);
   for (int i = 0; i < lines; ++i) {
     const TextBox box = boxAround(s, extent, static_cast<float>(thickness > 0 ? -i : i));
     pathMove(s, box.x[3], box.y[3]);
@@ -102,9 +103,11 @@ void placeCursor(PlotState* s, int x, int y) {
   TextState& t = s->textState;
   const float up = static_cast<float>(s->text.textHeight) - 1.0F;
   if (x != kContinue || y != kContinue) {
-    t.textCursorX = static_cast<float>(x + s->page.originX) + up * s->text.textSin;
-    t.textCursorY = static_cast<float>(y + s->page.originY) + up * s->text.textCos;
-    warnOutOfPage(s, "Startpoint", x + s->page.originX, y + s->page.originY);
+    x = addCoordinates(x, s->page.originX);
+    y = addCoordinates(y, s->page.originY);
+    t.textCursorX = static_cast<float>(x) + up * s->text.textSin;
+    t.textCursorY = static_cast<float>(y) + up * s->text.textCos;
+    warnOutOfPage(s, "Startpoint", x, y);
   } else if (!t.cursorPlaced) {
     t.textCursorX = static_cast<float>(s->page.originX);
     t.textCursorY = static_cast<float>(s->page.originY);
@@ -156,8 +159,7 @@ void placeText(PlotState* s, const char* text, int x, int y) {
   const float dx = static_cast<float>(g.textJustifyX == 0 ? 0 : g.textJustifyX == 1 ? length / 2 : length);
   const float dy = static_cast<float>(g.textJustifyY == 0 ? 0 : g.textJustifyY == 1 ? g.textHeight / 2 : g.textHeight);
   const float fx = static_cast<float>(x), fy = static_cast<float>(userY(s, y));
-  textAt(s, text, static_cast<int>(fx - g.textCos * dx - g.textSin * dy + 0.5F),
-         static_cast<int>(fy + g.textSin * dx - g.textCos * dy + 0.5F));
+  textAt(s, text, roundHalfUp(fx - g.textCos * dx - g.textSin * dy), roundHalfUp(fy + g.textSin * dx - g.textCos * dy));
 }
 
 } // namespace quilla

@@ -3,6 +3,7 @@
 
 #include "core/levels.h"
 #include "core/messages.h"
+#include "core/page.h"
 #include "core/pipeline.h"
 #include "device/sink.h"
 #include "quilla/quilla.h"
@@ -206,7 +207,7 @@ void EUSHFT(const char* set, const char* character) {
 void FRMESS(int thickness) {
   PlotState* s = setterCheck("frmess");
   if (!s) return;
-  s->text.textBoxFrame = thickness;
+  s->text.textBoxFrame = limitedDistance(thickness);
 }
 
 void TXTBGD(int color) {
