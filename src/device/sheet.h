@@ -5,10 +5,10 @@
 
 namespace quilla {
 
-inline constexpr float kSheetUnit = 2.0F;                              // sheet units (1/20 mm) of 0.1 mm
-inline constexpr float kPointsPerTenthMm = 72.0F / 254.0F;             //
-inline constexpr float kPointsPerSheetUnit = kPointsPerTenthMm * 0.5F; //
-inline constexpr float kSheetWidth = 3900.0F, kSheetHeight = 5600.0F;  // sheet units, unless HWPAGE was called
+// Sheet units are 1/20 mm.
+inline constexpr float kSheetUnit = 2.0F; // of 0.1 mm
+inline constexpr float kPointsPerSheetUnit = 72.0F / 254.0F / kSheetUnit;
+inline constexpr float kSheetWidth = 3900.0F, kSheetHeight = 5600.0F; // unless HWPAGE was called
 
 struct SheetSize {
   float width, height; // sheet units

@@ -324,6 +324,25 @@ TEST_F(PostScript, Fonts) {
             "font (Helvetica-German) 39.5 font (Helvetica-German) 39.5 19.7 font2 ");
 }
 
+TEST_F(PostScript, FontNamesAreFoundInEitherCase) {
+  ASSERT_TRUE(open(kDevicePs));
+  PSFONT("times-bold  ");
+  EXPECT_EQ(s->font.psFontIndex, 1);
+  EXPECT_EQ(s->font.fontCapHeight, 676);
+  EXPECT_STREQ(s->font.fontName, "Times-Bold-German");
+  close();
+  EXPECT_NE(body().find("(Times-Bold) (Times-Bold-German) GermanVec ReEncodeSmall (Times-Bold-German) "),
+            std::string::npos);
+}
+
+TEST_F(PostScript, UnknownFontIsTimesRoman) {
+  ASSERT_TRUE(open(kDevicePs));
+  PSFONT("Garamond");
+  EXPECT_EQ(s->font.psFontIndex, 0);
+  EXPECT_EQ(takeMessages(), " <<<< Warning 192: Not a standard PostScript font in psfont!   (Garamond)\n");
+  close();
+}
+
 TEST_F(PostScript, NewPage) {
   ASSERT_TRUE(open(kDevicePs, 1000, 2000));
   s->line.lineWidthSetting = -3;
