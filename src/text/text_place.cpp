@@ -156,7 +156,9 @@ void placeText(PlotState* s, const char* text, int x, int y) {
   const float dx = static_cast<float>(g.textJustifyX == 0 ? 0 : g.textJustifyX == 1 ? length / 2 : length);
   const float dy = static_cast<float>(g.textJustifyY == 0 ? 0 : g.textJustifyY == 1 ? g.textHeight / 2 : g.textHeight);
   const float fx = static_cast<float>(x), fy = static_cast<float>(userY(s, y));
-  textAt(s, text, roundHalfUp(fx - g.textCos * dx - g.textSin * dy), roundHalfUp(fy + g.textSin * dx - g.textCos * dy));
+  // Rounded downward, so that a place off the page stays where it is.
+  textAt(s, text, static_cast<int>(std::floor(fx - g.textCos * dx - g.textSin * dy + 0.5F)),
+         static_cast<int>(std::floor(fy + g.textSin * dx - g.textCos * dy + 0.5F)));
 }
 
 } // namespace quilla

@@ -186,9 +186,8 @@ TEST_F(Placed, SizeAndShiftOfExponents) {
 
 TEST_F(Placed, WarnsOfTextOffThePage) {
   openSimplx(36);
-  // -50 plus a half, truncated, is -49.
   EXPECT_NE(
-      outputOf([] { MESSAG("H", -50, 400); }).find("Warning 193: Startpoint (  -49/  400) out of page in messag!"),
+      outputOf([] { MESSAG("H", -50, 400); }).find("Warning 193: Startpoint (  -50/  400) out of page in messag!"),
       std::string::npos);
   EXPECT_NE(outputOf([] { MESSAG("HHHHHHHH", 2900, 400); }).find("Warning 193: Endpoint ("), std::string::npos);
   EXPECT_EQ(outputOf([] { MESSAG("H", 2900, 400); }), "");
