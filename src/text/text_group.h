@@ -6,6 +6,7 @@
 namespace quilla {
 
 inline constexpr int kAlphabetSlots = 6;
+inline constexpr int kHighestHeight = 10000; // plot units
 inline constexpr int kTextCodeLimit = 256;
 inline constexpr int kShiftCount = 8;
 inline constexpr int kAlphabetShiftLimit = 6;

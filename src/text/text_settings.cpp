@@ -12,7 +12,6 @@
 namespace quilla {
 namespace {
 
-constexpr int kHighestHeight = 10000;
 constexpr char kAlphabetKeys[] = "STAN+GREE+MATH+ITAL+SCRI+RUSS+INST";
 constexpr int kInstructionKeys = 7;
 

@@ -231,7 +231,7 @@ void moveUp(PlotState* s, float distance) {
 }
 
 void changeHeight(PlotState* s, int height) {
-  height = std::max(height, 1);
+  height = std::clamp(height, 1, kHighestHeight);
   if (height == s->text.textHeight) return;
   s->text.textHeight = height;
   s->textState.lastAlphabet = 0;
