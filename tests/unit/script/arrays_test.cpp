@@ -106,7 +106,8 @@ TEST_F(Arrays, ConversionTable) {
   for (int s = 0; s < 8; ++s)
     for (int t = 0; t < 7; ++t) {
       const bool plain = t >= 3 && t <= 5;
-      const std::string text = plain ? "Illegal expression value" : "Illegal expression value - use conversion function";
+      const std::string text =
+          plain ? "Illegal expression value" : "Illegal expression value - use conversion function";
       const std::string wanted = allowed[s][t] == 'Y' ? "" : fault(text, 3);
       EXPECT_EQ(run(std::string(targets[t]) + " A[2]\nA[0] = " + sources[s] + "\n"), wanted)
           << targets[t] << " from " << sources[s];
@@ -114,7 +115,8 @@ TEST_F(Arrays, ConversionTable) {
 }
 
 TEST_F(Arrays, FreeAndTheTable) {
-  EXPECT_EQ(run("A = 1\nB = 2\nFREE A, B\nLIST A B\n"), fault("Undefined variable A", 5) + fault("Undefined variable B", 5));
+  EXPECT_EQ(run("A = 1\nB = 2\nFREE A, B\nLIST A B\n"),
+            fault("Undefined variable A", 5) + fault("Undefined variable B", 5));
   EXPECT_EQ(run("A = 1\nFREE NO A\nLIST A\n"), fault("Undefined variable NO", 3) + fault("Undefined variable A", 4));
   EXPECT_EQ(run("FREE\nFREE 3\n"), fault("Syntax error - Expected identifier", 3));
 }
@@ -123,7 +125,8 @@ TEST_F(Arrays, VariablesHaveALimit) {
   std::string script;
   for (int i = 0; i < 500; ++i) script += "V" + std::to_string(i) + " = 1\n";
   EXPECT_EQ(run(script), "");
-  EXPECT_EQ(run("W = 1\nV7 = 2\nFREE V3\nW = 5\nPRINTL W, V7\n"), fault("Maximal number of variables is reached") + "5 2 \n");
+  EXPECT_EQ(run("W = 1\nV7 = 2\nFREE V3\nW = 5\nPRINTL W, V7\n"),
+            fault("Maximal number of variables is reached") + "5 2 \n");
   EXPECT_EQ(find_variable("W"), 3); // the lowest free slot
 }
 

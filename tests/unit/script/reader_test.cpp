@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <vector>
 
+#include "script/script_fixture.h"
 #include "script/statement_reader.h"
 #include "script/tokenizer.h"
-#include "script/script_fixture.h"
 
 using namespace qsl;
 
