@@ -38,14 +38,15 @@ extern const RoutineRow kValueRoutines[kValueRoutineCount];
 int find_routine(const char* name);
 int find_value_routine(const char* name);
 
-// Position from 0 of the k-th field of a signature; an empty field behind the last.
+// Field k of a signature, from 0; an empty field behind the last. (Loops, because string_view::find is no constant
+// expression on template arguments when the compiler checks for null pointers.)
 constexpr std::string_view signature_field(std::string_view signature, int k) {
-  for (; k > 0; --k) {
-    const std::size_t comma = signature.find(',');
-    if (comma == std::string_view::npos) return {};
-    signature.remove_prefix(comma + 1);
-  }
-  return signature.substr(0, signature.find(','));
+  std::size_t begin = 0;
+  for (; k > 0 && begin < signature.size(); ++begin) k -= signature[begin] == ',';
+  if (k > 0) return {};
+  std::size_t end = begin;
+  while (end < signature.size() && signature[end] != ',') ++end;
+  return signature.substr(begin, end - begin);
 }
 constexpr int signature_length(std::string_view signature) {
   int n = signature.empty() ? 0 : 1;

@@ -34,7 +34,8 @@ TEST_F(Evaluator, PowersKeepTheirTypes) {
 }
 
 TEST_F(Evaluator, PowerFaultsYieldTheBase) {
-  EXPECT_EQ(run("X = (-8.0)**(1.0/3.0)\nPRINTL X\n"), fault("Negative base with non integer exponent") + "-8.000000 \n");
+  EXPECT_EQ(run("X = (-8.0)**(1.0/3.0)\nPRINTL X\n"),
+            fault("Negative base with non integer exponent") + "-8.000000 \n");
   EXPECT_EQ(run("X = (-2.0)**2.0\n"), fault("Negative base with non integer exponent"));
   EXPECT_EQ(run("X = 0.0**-1\nPRINTL X\n"), fault("Negative exponent with base zero") + "0.000000 \n");
   EXPECT_EQ(run("X = 'a'**2\n"), fault("Not allowed operands in exponentiation"));

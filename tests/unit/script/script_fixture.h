@@ -48,7 +48,8 @@ protected:
   std::string type(const std::string& expression) {
     run("RESULT = " + expression + "\n");
     const int index = find_variable("RESULT");
-    return index < 0 ? "none" : type_name(variable(index).type) + std::string(is_array(variable(index).type) ? "[]" : "");
+    return index < 0 ? "none"
+                     : type_name(variable(index).type) + std::string(is_array(variable(index).type) ? "[]" : "");
   }
 };
 
