@@ -116,8 +116,6 @@ void keep_size(const BlockSize& size) {
   d.full = size.full;
 }
 
-int current_block() { return interp.data.block > 0 ? interp.data.block : 1; }
-
 bool file_is_open() {
   if (interp.data.file) return true;
   report_file_error(" >>>> Missing routine DATFIL\n");
@@ -158,7 +156,7 @@ int open_data_file(const char* name) {
     return -1;
   }
   BlockSize size{};
-  if (!measure_block(current_block(), size)) return -1;
+  if (!measure_block(interp.data.block, size)) return -1;
   keep_size(size);
   return 0;
 }
@@ -172,7 +170,7 @@ int close_data_file() {
 }
 
 int select_data_block(int number) {
-  if (number == current_block()) return 0;
+  if (number == interp.data.block) return 0;
   if (number < 1) {
     report_file_error(" >>>> Not allowed parameter %d in DATBLK\n", number);
     return -1;
@@ -307,7 +305,7 @@ void read_values(float* target, int count, int column) {
   const int columns = interp.data.columns;
   char number[kDataRecordSize];
   int stored = 0, value = 0;
-  find_block(current_block());
+  find_block(interp.data.block);
   next_record();
   while (stored < count && next_record() && !ends_block()) {
     int length = 0;

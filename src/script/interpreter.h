@@ -99,15 +99,13 @@ struct DataState {
   char path[kFileNameLength + 1];
   char record[kDataRecordSize];
   int record_number;
-  int block; // from 1; 0 counts as 1
+  int block; // from 1
   int rows, columns, full;
 };
 
 // system_variables.cpp, quick_plots.cpp
 struct QuickPlotState {
   float axis[3][4]; // start, end, first label, step
-  double length[3];
-  double view[3];
 };
 
 // other_functions.cpp

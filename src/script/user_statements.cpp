@@ -5,6 +5,9 @@
 #include <cstring>
 
 #include "core/clock.h"
+#include "core/file_version.h"
+#include "core/levels.h"
+#include "core/messages.h"
 #include "quilla/quilla.h"
 #include "script/data_file.h"
 #include "script/evaluator.h"
@@ -31,11 +34,16 @@ void close_log() {
   d.log_active = false;
 }
 
+// An existing log is treated as an existing plot file is.
 void open_log(const char* name) {
   DriverState& d = interp.driver;
   std::snprintf(d.log_file_name, sizeof d.log_file_name, "%s", name);
   close_log();
-  d.log_file = d.harmless ? nullptr : open_file(d.log_file_name, "w");
+  if (d.harmless) return;
+  quilla::PlotState* state = quilla::plotState();
+  if (const int refusal = quilla::versionFileName(state, d.log_file_name); refusal != quilla::kVersionFine)
+    return quilla::warnPlain(state, refusal);
+  d.log_file = open_file(d.log_file_name, "w");
   if (!d.log_file) return report_error_text("Cannot open file", d.log_file_name);
   d.log_active = true;
   char date[11], time[9];

@@ -1,6 +1,5 @@
 #include <sys/stat.h>
 
-#include <csignal>
 #include <cstdlib>
 #include <fstream>
 
@@ -83,7 +82,7 @@ TEST_F(DataFile, FilesThatDoNotFit) {
             " >>>> Syntax error in data file " + path("a.qdf") + " in record 5\n-1 \n");
   EXPECT_EQ(run("X = DATFIL('" + path("none") + "')\n"), " >>>> Open error in file " + path("none.qdf") + "\n");
   EXPECT_EQ(run("X = DATFIL('" + directory + "/.')\n"), " >>>> Open error in file " + directory + "/.\n");
-  EXPECT_EXIT(run(write("%QSL-ASC\n%DATA\n0\n1\n")), testing::KilledBySignal(SIGFPE), "");
+  EXPECT_EXIT(runUntilFault(write("%QSL-ASC\n%DATA\n0\n1\n")), testing::KilledBySignal(SIGFPE), "");
 }
 
 TEST_F(DataFile, WithoutAFile) {

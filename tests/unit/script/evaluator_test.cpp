@@ -1,5 +1,3 @@
-#include <csignal>
-
 #include "script/script_fixture.h"
 
 using namespace qsl;
@@ -102,9 +100,9 @@ TEST_F(Evaluator, DivisionByZeroKeepsTheLeftOperand) {
 }
 
 TEST_F(Evaluator, IntegerFaultsEndTheProcess) {
-  EXPECT_EXIT(run("A = 5\nX = A % 0\n"), testing::KilledBySignal(SIGFPE), "");
-  EXPECT_EXIT(run("A = -2147483647 - 1\nX = A / -1\n"), testing::KilledBySignal(SIGFPE), "");
-  EXPECT_EXIT(run("A = -2147483647 - 1\nX = A % -1\n"), testing::KilledBySignal(SIGFPE), "");
+  EXPECT_EXIT(runUntilFault("A = 5\nX = A % 0\n"), testing::KilledBySignal(SIGFPE), "");
+  EXPECT_EXIT(runUntilFault("A = -2147483647 - 1\nX = A / -1\n"), testing::KilledBySignal(SIGFPE), "");
+  EXPECT_EXIT(runUntilFault("A = -2147483647 - 1\nX = A % -1\n"), testing::KilledBySignal(SIGFPE), "");
 }
 
 TEST_F(Evaluator, UndefinedNamesAreToldAndTheRestGoesOn) {
