@@ -77,7 +77,7 @@ void driverCharacter(PlotState* s, int code) {
     glyph.x = t.textCursorX + s->text.textCos * inset - s->text.textSin * up;
     glyph.y = t.textCursorY - s->text.textSin * inset - s->text.textCos * up;
     glyph.advance = width;
-    glyph.angle = s->text.textAngle;
+    glyph.angle = s->text.textAngle % 360;
     qqglyph(s, glyph);
   }
   advance(s, cell, h * (fixed ? s->text.charSpacing : s->text.charSpacing + kDriverGap));
