@@ -190,39 +190,47 @@ int NYPOSN(float y);
 float XINVRS(int nx); /* 2, 3: user value of a plot coordinate */
 float YINVRS(int ny);
 
-void TICKS(int n, const char* axes);                        /* setter: ticks per label step, 0..1000 */
-void TICLEN(int major, int minor);                          /* setter: 1..10000 */
-void TICPOS(const char* position, const char* axes);        /* setter: "LABE", "REVE", "CENT" */
-void LOGTIC(const char* mode);                              /* setter: "AUTO", "FULL" */
-void LABELS(const char* kind, const char* axes);            /* setter: "NONE", "FLOA", "EXP", "LOG", ... */
-void LABDIG(int digits, const char* axes);                  /* setter: -2..100 */
-void DIGITS(int digits, const char* axes);                  /* setter: the same */
-void INTAX(void);                                           /* 1..3: integer labels on all axes */
-void LABPOS(const char* position, const char* axes);        /* setter: "TICK", "CENT", "SHIF" */
-void LABJUS(const char* mode, const char* axes);            /* setter: "AUTO", "LEFT", "RIGH", "OUTW", "INWA" */
-void LABTYP(const char* type, const char* axes);            /* setter: "HORI", "VERT" */
-void LABDIS(int distance, const char* axes);                /* setter */
-void AXENDS(const char* mode, const char* axes);            /* setter */
-void AXCLRS(int color, const char* part, const char* axes); /* setter: "LINE", "TICK", "LABE", "NAME", "ALL" */
-void NAME(const char* name, const char* axes);              /* setter: axis name */
-void NAMDIS(int distance, const char* axes);                /* setter */
-void NAMJUS(const char* mode, const char* axes);            /* setter: "CENT", "LEFT", "RIGH" */
-void HNAME(int height);                                     /* setter: 1..10000 */
-void RGTLAB(void);                                          /* setter */
-void RVYNAM(void);                                          /* setter */
-void MYLAB(const char* label, int n, const char* axis);     /* setter: own label 1..100 */
-void NOLINE(const char* axes);                              /* setter: no axis line */
-void TITLIN(const char* text, int n);                       /* setter: title line 1..4; negative: underlined */
-void TITLE(void);                                           /* 2, 3 */
-void TITJUS(const char* mode);                              /* setter */
-void TITPOS(const char* mode);                              /* setter: "ABOV", "BELO" */
-void HTITLE(int height);                                    /* setter: 1..10000 */
-void VKYTIT(int distance);                                  /* setter */
-void LINESP(float spacing);                                 /* setter */
-int GETHNM(void);                                           /* 1..3: height of axis names */
-void GETDIG(int* nx, int* ny, int* nz);                     /* 1..3 */
-void GETTIC(int* nx, int* ny, int* nz);                     /* 1..3 */
-void GETTCL(int* major, int* minor);                        /* 1..3 */
+void TICKS(int n, const char* axes);                               /* setter: ticks per label step, 0..1000 */
+void TICLEN(int major, int minor);                                 /* setter: 1..10000 */
+void TICPOS(const char* position, const char* axes);               /* setter: "LABE", "REVE", "CENT" */
+void LOGTIC(const char* mode);                                     /* setter: "AUTO", "FULL" */
+void LABELS(const char* kind, const char* axes);                   /* setter: "NONE", "FLOA", "EXP", "LOG", ... */
+void LABDIG(int digits, const char* axes);                         /* setter: -2..100 */
+void DIGITS(int digits, const char* axes);                         /* setter: the same */
+void INTAX(void);                                                  /* 1..3: integer labels on all axes */
+void LABPOS(const char* position, const char* axes);               /* setter: "TICK", "CENT", "SHIF" */
+void LABJUS(const char* mode, const char* axes);                   /* setter: "AUTO", "LEFT", "RIGH", "OUTW", "INWA" */
+void LABTYP(const char* type, const char* axes);                   /* setter: "HORI", "VERT" */
+void LABDIS(int distance, const char* axes);                       /* setter */
+void AXENDS(const char* mode, const char* axes);                   /* setter */
+void AXCLRS(int color, const char* part, const char* axes);        /* setter: "LINE", "TICK", "LABE", "NAME", "ALL" */
+void NAME(const char* name, const char* axes);                     /* setter: axis name */
+void NAMDIS(int distance, const char* axes);                       /* setter */
+void NAMJUS(const char* mode, const char* axes);                   /* setter: "CENT", "LEFT", "RIGH" */
+void HNAME(int height);                                            /* setter: 1..10000 */
+void RGTLAB(void);                                                 /* setter */
+void RVYNAM(void);                                                 /* setter */
+void MYLAB(const char* label, int n, const char* axis);            /* setter: own label 1..100 */
+void NOLINE(const char* axes);                                     /* setter: no axis line */
+void TITLIN(const char* text, int n);                              /* setter: title line 1..4; negative: underlined */
+void TITLE(void);                                                  /* 2, 3 */
+void TITJUS(const char* mode);                                     /* setter */
+void TITPOS(const char* mode);                                     /* setter: "ABOV", "BELO" */
+void HTITLE(int height);                                           /* setter: 1..10000 */
+void VKYTIT(int distance);                                         /* setter */
+void LINESP(float spacing);                                        /* setter */
+void LABMOD(const char* key, const char* value, const char* axes); /* setter: dates: "YEAR", "DAY", "MONTH", ... */
+void TICMOD(const char* mode, const char* axes);     /* setter: ticks of date axes: "DAYS", "MONT", ..., "HOUR" */
+void TIMOPT(void);                                   /* setter: time labels with a colon */
+void NEGLOG(float value);                            /* setter: stands for values without a logarithm, above 0 */
+void BASDAT(int day, int month, int year);           /* any: the day from which date axes count */
+int INCDAT(int day, int month, int year);            /* any: days since the base date */
+void TRFDAT(int n, int* day, int* month, int* year); /* any: the date n days after the base date */
+int NWKDAY(int day, int month, int year);            /* any: 1 Monday to 7 Sunday */
+int GETHNM(void);                                    /* 1..3: height of axis names */
+void GETDIG(int* nx, int* ny, int* nz);              /* 1..3 */
+void GETTIC(int* nx, int* ny, int* nz);              /* 1..3 */
+void GETTCL(int* major, int* minor);                 /* 1..3 */
 
 /* ---- Curves ---------------------------------------------------------------------------------------------------- */
 

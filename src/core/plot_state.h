@@ -23,6 +23,7 @@ struct PlotState {
   PageSetup pageSetup;
   ColorSetup colorSetup;
   DeviceSetup deviceSetup;
+  DateSetup dateSetup;
 
   // Run lifetime: set by the default settings of QUIINI and by RESET("ALL").
   MessageGroup message;

@@ -186,6 +186,14 @@ void AXSBGD(int color) {
   if (s && !checkRange(s, color, -1, -2)) s->axis.axisBackgroundColor = color;
 }
 
+void NEGLOG(float value) {
+  PlotState* s = setterCheck("neglog");
+  if (!s) return;
+  if (!(value > 0.0F)) return warnPlain(s, 2);
+  s->axis.negativeLogOn = true;
+  s->axis.negativeLogValue = value;
+}
+
 void TICKS(int n, const char* axes) {
   constexpr int kMostTicks = 1000;
   PlotState* s = setterCheck("ticks");

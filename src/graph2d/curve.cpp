@@ -45,7 +45,7 @@ void takeCycleAttributes(PlotState* s) {
 
 // On a logarithmic axis every value must be positive.
 bool logarithmsExist(PlotState* s, int axis, const float* values, int n) {
-  if (s->axis.axisLogScale[axis] == 0) return true;
+  if (s->axis.axisLogScale[axis] == 0 || s->axis.negativeLogOn) return true;
   for (int i = 0; i < n; i++) {
     if (values[i] <= 0.0F) {
       warnPlain(s, 27);

@@ -7,6 +7,7 @@
 #include "core/pipeline.h"
 #include "device/sink.h"
 #include "graph2d/axis_labels.h"
+#include "graph2d/date_labels.h"
 #include "text/text.h"
 
 namespace quilla {
@@ -102,6 +103,15 @@ void logarithmicLimits(PlotState* s, int axis, AxisScale& scale) {
 AxisScale automaticScale(PlotState* s, int axis, int& digits) {
   AxisScale scale{s->axis.autoMin[axis], s->axis.autoMax[axis], 0.0F, 1.0F};
   if (s->axis.axisLogScale[axis] != 0) logarithmicLimits(s, axis, scale);
+  if (s->axis.labelClass[axis] == kClassDate || s->axis.labelClass[axis] == kClassTime) {
+    digits = -1;
+    if (s->axis.labelClass[axis] == kClassDate) {
+      automaticDates(s, axis, scale.start, scale.end, scale.first, scale.step);
+    } else {
+      automaticTimes(scale.start, scale.end, scale.first, scale.step);
+    }
+    return scale;
+  }
   double range = static_cast<double>(scale.end) - scale.start;
   int p = powerOfTen(range);
   double step = std::pow(10.0, p), q = range / step;
@@ -175,13 +185,23 @@ void storeScale(PlotState* s, int axis, const AxisScale& scale) {
   }
 }
 
+namespace {
+
+// The value as the scaling counts it. One without a logarithm becomes that of NEGLOG.
+float scaled(const PlotState* s, int axis, float value) {
+  if (s->axis.axisLogScale[axis] == 0) return value;
+  return std::log10(value <= 0.0F && s->axis.negativeLogOn ? s->axis.negativeLogValue : value);
+}
+
+} // namespace
+
 float plotX(const PlotState* s, float x) {
-  if (s->axis.axisLogScale[kAxisX] != 0) x = std::log10(x);
+  x = scaled(s, kAxisX, x);
   return (x - s->scaling.axisStart[kAxisX]) * s->scaling.axisFactorX + s->scaling.axisOriginPlotX;
 }
 
 float plotY(const PlotState* s, float y) {
-  if (s->axis.axisLogScale[kAxisY] != 0) y = std::log10(y);
+  y = scaled(s, kAxisY, y);
   return s->scaling.axisOriginPlotY - (y - s->scaling.axisStart[kAxisY]) * s->scaling.axisFactorY;
 }
 

@@ -229,7 +229,7 @@ constexpr ResetRow kResetRows[] = {
     {"NAME", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.axisName, d.axis.axisName);
    }},
-    {"NEGL", nullptr},
+    {"NEGL", [](PlotState* s, const Defaults&) { s->axis.negativeLogOn = false; }},
     {"NEWM", [](PlotState* s, const Defaults& d) {
      resetMixCharacters(s, d.text);
    }},
@@ -332,7 +332,7 @@ constexpr ResetRow kResetRows[] = {
     {"TICP", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.tickPosition, d.axis.tickPosition);
    }},
-    {"TIMO", nullptr},
+    {"TIMO", [](PlotState* s, const Defaults&) { s->axis.timeColon = false; }},
     {"TITL", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.titleLine, d.axis.titleLine);
      copyField(s->axis.titleUnderlined, d.axis.titleUnderlined);
