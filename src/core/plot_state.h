@@ -7,6 +7,8 @@
 #include "core/line_group.h"
 #include "core/message_group.h"
 #include "core/page_group.h"
+#include "core/shading_group.h"
+#include "core/window_group.h"
 #include "device/device_group.h"
 #include "graph2d/axis_group.h"
 #include "graph2d/curve_group.h"
@@ -23,12 +25,15 @@ struct PlotState {
   PageSetup pageSetup;
   ColorSetup colorSetup;
   DeviceSetup deviceSetup;
+  WindowSetup windowSetup;
   DateSetup dateSetup;
 
   // Run lifetime: set by the default settings of QUIINI and by RESET("ALL").
   MessageGroup message;
   PageGroup page;
   LineGroup line;
+  TransformGroup transform;
+  ShadingGroup shading;
   ColorGroup color;
   TextGroup text;
   FontGroup font;

@@ -95,7 +95,7 @@ void drawBars(PlotState* s, const CurveData& d, bool filled) {
           y = plotY(s, d.y[i]);
     if (filled) {
       float xs[4] = {x0, x0, x1, x1}, ys[4] = {base, y, y, base};
-      fillPolygon(s, xs, ys, 4);
+      fillSolid(s, xs, ys, 4);
       continue;
     }
     penMove(s, x0, base);

@@ -105,7 +105,7 @@ void fillOutline(PlotState* s, const Frame& f, Outline outline) {
     xs[i] = spot.x;
     ys[i] = spot.y;
   }
-  fillPolygon(s, xs, ys, static_cast<int>(n));
+  fillSolid(s, xs, ys, static_cast<int>(n));
 }
 
 } // namespace
