@@ -190,6 +190,16 @@ int NYPOSN(float y);
 float XINVRS(int nx); /* 2, 3: user value of a plot coordinate */
 float YINVRS(int ny);
 
+void XAXIS(float a, float e, float first, float step, int length, const char* name, int it, int nx, int ny);
+/* 1..3: an axis with its start at (nx, ny); it 0: labels below, 1: above */
+void YAXIS(float a, float e, float first, float step, int length, const char* name, int it, int nx, int ny);
+/* 1..3: it 0: labels to the right, 1: to the left */
+void XAXLG(float a, float e, float first, float step, int length, const char* name, int it, int nx, int ny);
+void YAXLG(float a, float e, float first, float step, int length, const char* name, int it, int nx, int ny);
+/* 1..3: logarithmic axes, limits and step as exponents of ten */
+void GAXPAR(float a1, float a2, const char* option, const char* axes, float* a, float* b, float* first, float* step,
+            int* digits); /* setter: what automatic scaling gives for the limits; "EXTEND": whole steps */
+
 void TICKS(int n, const char* axes);                               /* setter: ticks per label step, 0..1000 */
 void TICLEN(int major, int minor);                                 /* setter: 1..10000 */
 void TICPOS(const char* position, const char* axes);               /* setter: "LABE", "REVE", "CENT" */
@@ -234,31 +244,33 @@ void GETTCL(int* major, int* minor);                 /* 1..3 */
 
 /* ---- Curves ---------------------------------------------------------------------------------------------------- */
 
-void CURVE(const float* x, const float* y, int n);      /* 2, 3 */
-void POLCRV(const char* mode);                          /* setter: "LINE", "STEP", "STEM", "STAI", ... */
-void SPLMOD(int degree, int points);                    /* setter: degree 2..10, points 5..30000 */
-void THKCRV(int thickness);                             /* setter: 1..10000 */
-void MARKER(int symbol);                                /* setter: -1..23 */
-void HSYMBL(int height);                                /* setter: 1..10000 */
-void MRKCLR(int color);                                 /* setter */
-void INCMRK(int step);                                  /* setter */
-void INCCRV(int n);                                     /* setter: 1..32000 */
-void CHNCRV(const char* mode);                          /* setter: "NONE", "COLO", "LINE", "BOTH" */
-void LINCYC(int i, int type);                           /* setter: i 1..30, type 0..7 */
-void CLRCYC(int i, int color);                          /* setter: i 1..30 */
-void GAPCRV(float gap);                                 /* setter */
-void GAPSIZ(float gap, const char* axes);               /* setter */
-void NANCRV(const char* mode);                          /* 1..3: "ON", "OFF" */
-void SYMROT(float degrees);                             /* setter */
-void CHNATT(void);                                      /* 1..3: next attributes of the cycle */
-void RESATT(void);                                      /* 1..3: first attributes of the cycle */
-void SYMBOL(int symbol, int nx, int ny);                /* 1..3 */
-void RLMESS(const char* text, float x, float y);        /* 2, 3: MESSAG in user coordinates */
-void RLNUMB(float value, int digits, float x, float y); /* 2, 3 */
-void RLINE(float x1, float y1, float x2, float y2);     /* 2, 3 */
-void RLSYMB(int symbol, float x, float y);              /* 2, 3 */
-void RLSTRT(float x, float y);                          /* 2, 3 */
-void RLCONN(float x, float y);                          /* 2, 3 */
+void CURVE(const float* x, const float* y, int n); /* 2, 3 */
+void POLCRV(const char* mode);                     /* setter: "LINE", "STEP", "STEM", "STAI", ... */
+void SPLMOD(int degree, int points);               /* setter: degree 2..10, points 5..30000 */
+void THKCRV(int thickness);                        /* setter: 1..10000 */
+void MARKER(int symbol);                           /* setter: -1..23 */
+void HSYMBL(int height);                           /* setter: 1..10000 */
+void MRKCLR(int color);                            /* setter */
+void INCMRK(int step);                             /* setter */
+void INCCRV(int n);                                /* setter: 1..32000 */
+void CHNCRV(const char* mode);                     /* setter: "NONE", "COLO", "LINE", "BOTH" */
+void LINCYC(int i, int type);                      /* setter: i 1..30, type 0..7 */
+void CLRCYC(int i, int color);                     /* setter: i 1..30 */
+void GAPCRV(float gap);                            /* setter */
+void GAPSIZ(float gap, const char* axes);          /* setter */
+void NANCRV(const char* mode);                     /* 1..3: "ON", "OFF" */
+void SYMROT(float degrees);                        /* setter */
+void ERRBAR(const float* x, const float* y, const float* e1, const float* e2, int n); /* 2, 3: bars y - e1..y + e2 */
+void MYSYMB(const float* x, const float* y, int n, int symbol, int fill); /* 1..3: own symbol in the square -50..50 */
+void CHNATT(void);                                                        /* 1..3: next attributes of the cycle */
+void RESATT(void);                                                        /* 1..3: first attributes of the cycle */
+void SYMBOL(int symbol, int nx, int ny);                                  /* 1..3 */
+void RLMESS(const char* text, float x, float y);                          /* 2, 3: MESSAG in user coordinates */
+void RLNUMB(float value, int digits, float x, float y);                   /* 2, 3 */
+void RLINE(float x1, float y1, float x2, float y2);                       /* 2, 3 */
+void RLSYMB(int symbol, float x, float y);                                /* 2, 3 */
+void RLSTRT(float x, float y);                                            /* 2, 3 */
+void RLCONN(float x, float y);                                            /* 2, 3 */
 
 #ifdef __cplusplus
 }

@@ -144,6 +144,61 @@ void CURVE(const float* x, const float* y, int n) {
   }
 }
 
+namespace {
+
+// A bar between two plot points with a piece across each end.
+void drawErrorBar(PlotState* s, float x0, float y0, float x1, float y1, float half, bool horizontal) {
+  float dx = horizontal ? 0.0F : half, dy = horizontal ? half : 0.0F;
+  penMove(s, x0, y0);
+  penDraw(s, x1, y1);
+  penMove(s, x0 - dx, y0 - dy);
+  penDraw(s, x0 + dx, y0 + dy);
+  penMove(s, x1 - dx, y1 - dy);
+  penDraw(s, x1 + dx, y1 + dy);
+}
+
+// Plot coordinate of the end of a bar; one without a logarithm lies on the axis.
+float barEnd(const PlotState* s, int axis, float value) {
+  if (s->axis.axisLogScale[axis] != 0 && !(value > 0.0F) && !s->axis.negativeLogOn) {
+    return axis == kAxisX ? s->scaling.axisOriginPlotX : s->scaling.axisOriginPlotY;
+  }
+  return axis == kAxisX ? plotX(s, value) : plotY(s, value);
+}
+
+void drawErrorBars(PlotState* s, const CurveData& d, const float* e1, const float* e2) {
+  float half = static_cast<float>(s->curve.markerHeight) / 3.0F;
+  bool horizontal = s->curve.errorBarHorizontal;
+  for (int i = 0; i < d.n; i++) {
+    if (!isDrawable(s, d, i)) continue;
+    float x = plotX(s, d.x[i]), y = plotY(s, d.y[i]);
+    if (horizontal) {
+      drawErrorBar(s, barEnd(s, kAxisX, d.x[i] - e1[i]), y, barEnd(s, kAxisX, d.x[i] + e2[i]), y, half, true);
+    } else {
+      drawErrorBar(s, x, barEnd(s, kAxisY, d.y[i] - e1[i]), x, barEnd(s, kAxisY, d.y[i] + e2[i]), half, false);
+    }
+  }
+}
+
+} // namespace
+
+void ERRBAR(const float* x, const float* y, const float* e1, const float* e2, int n) {
+  PlotState* s = strictCheck(2, 3, "errbar");
+  if (!s || checkRange(s, n, 1, -1)) return;
+  if (!logarithmsExist(s, kAxisY, y, n) || !logarithmsExist(s, kAxisX, x, n)) return;
+  CurveData data{x, y, n};
+  s->internalCoordinates = true;
+  checkPoints(s, data);
+  axisClipOn(s);
+  drawErrorBars(s, data, e1, e2);
+  int step = s->curve.markerStep;
+  s->curve.markerStep = 1;
+  drawSymbols(s, data);
+  s->curve.markerStep = step;
+  flushPath(s);
+  axisClipOff(s);
+  s->internalCoordinates = false;
+}
+
 void CHNATT(void) {
   PlotState* s = strictCheck(1, 3, "chnatt");
   if (!s || s->cycle.curveInCycle == 1) return;
