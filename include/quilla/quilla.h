@@ -155,14 +155,23 @@ const char* GETALF(void);                                                       
 /* ---- Axis systems ---------------------------------------------------------------------------------------------- */
 
 void GRAF(float xa, float xe, float xor_, float xstp, float ya, float ye, float yor, float ystp); /* 1 */
-void ENDGRF(void);                                                                                /* 1..3 */
-void AXSLEN(int nx, int ny);                          /* 1: lengths, at least 2 */
-void AXSPOS(int nx, int ny);                          /* 1: lower left corner */
-void AXSORG(int nx, int ny);                          /* 1: crossing of the axes */
-void AXSTYP(const char* type);                        /* 1: "RECT", "CROS", "IMPE", "ADMI" */
-void AXSSCL(const char* scale, const char* axes);     /* setter: "LIN", "LOG" */
-void SCALE(const char* scale, const char* axes);      /* setter: the same */
-void SETSCL(const float* x, int n, const char* axis); /* 1: automatic scaling from an array */
+void POLAR(float xe, float xorg, float xstp, float yorg, float ystp); /* 1: radius 0..xe, angles in degrees */
+void GRAFP(float xe, float xorg, float xstp, float yorg, float ystp); /* 1: the same */
+void POLMOD(const char* start, const char* direction); /* setter: angle 0 "RIGHT", "TOP", ...; "ANTI", "CLOCK" */
+void GRDPOL(int nx, int ny);                           /* 2, 3: circles and rays per label step of a polar system */
+void GRAFR(const float* re, int n, const float* im, int m); /* 1: chart of impedances with circles at re and im */
+void GRIDRE(float re, float im1, float im2, int n);         /* 2, 3: part of a circle of constant real part, n chords */
+void GRIDIM(float im, float re1, float re2, int n);         /* 2, 3: part of a circle of constant imaginary part */
+void GETRCO(float re, float im, float* r, float* i);        /* 1..3: reflection coefficient of an impedance */
+void GETICO(float r, float i, float* re, float* im);        /* 1..3: impedance of a reflection coefficient */
+void ENDGRF(void);                                          /* 1..3 */
+void AXSLEN(int nx, int ny);                                /* 1: lengths, at least 2 */
+void AXSPOS(int nx, int ny);                                /* 1: lower left corner */
+void AXSORG(int nx, int ny);                                /* 1: crossing of the axes */
+void AXSTYP(const char* type);                              /* 1: "RECT", "CROS", "IMPE", "ADMI" */
+void AXSSCL(const char* scale, const char* axes);           /* setter: "LIN", "LOG" */
+void SCALE(const char* scale, const char* axes);            /* setter: the same */
+void SETSCL(const float* x, int n, const char* axis);       /* 1: automatic scaling from an array */
 void SETGRF(const char* bottom, const char* left, const char* top, const char* right); /* 1: "NONE" ... "NAME" */
 void NOGRAF(void);                                                                     /* setter */
 void AX2GRF(void);                                                                     /* setter */
@@ -187,6 +196,8 @@ float XPOSN(float x);                   /* 2, 3: plot coordinate of a user value
 float YPOSN(float y);
 int NXPOSN(float x);
 int NYPOSN(float y);
+float X2DPOS(float x, float y); /* 2, 3: plot coordinates of a pair in any axis system */
+float Y2DPOS(float x, float y);
 float XINVRS(int nx); /* 2, 3: user value of a plot coordinate */
 float YINVRS(int ny);
 

@@ -24,4 +24,9 @@ void run_metafl(const Call& call) {
 
 void run_unit(const Call&) { UNIT(operand_value(0).value.i != 0 ? stdout : nullptr); }
 
+void run_grafr(const Call&) {
+  const int n = operand_value(2).value.i;
+  GRAFR(elements<float>(operand_value(0)), n, elements<float>(operand_value(1)), n);
+}
+
 } // namespace qsl

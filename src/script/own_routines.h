@@ -8,5 +8,6 @@ namespace qsl {
 void run_quiini(const Call& call);
 void run_metafl(const Call& call);
 void run_unit(const Call& call);
+void run_grafr(const Call& call); // one count for both arrays
 
 } // namespace qsl
