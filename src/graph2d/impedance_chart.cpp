@@ -6,6 +6,7 @@
 #include "core/page.h"
 #include "core/pipeline.h"
 #include "graph2d/axis_labels.h"
+#include "graph2d/polar.h"
 #include "graph2d/scaling.h"
 #include "quilla/quilla.h"
 #include "text/text.h"
@@ -15,7 +16,6 @@ using namespace quilla;
 namespace {
 
 constexpr int kChords = 360;
-constexpr double kHalfTurn = 3.14159265358979323846;
 constexpr float kFarAway = 1e6F; // stands for the infinite ends of the circles
 constexpr int kMostChords = 10000;
 
@@ -77,12 +77,7 @@ void drawImaginaryLabels(PlotState* s, const float* im, int n) {
 
 void drawChart(PlotState* s, const float* re, int n, const float* im, int m) {
   s->internalCoordinates = true;
-  for (int i = 0; i <= kChords; i++) {
-    double angle = 2.0 * kHalfTurn * i / kChords, radius = chartRadius(s);
-    PlotPoint p{static_cast<float>(s->axis.axisCrossX + radius * std::cos(angle)),
-                static_cast<float>(s->axis.axisCrossY - radius * std::sin(angle))};
-    moveOrDraw(s, p, i == 0);
-  }
+  drawSystemCircle(s, chartRadius(s));
   drawImaginaryCircle(s, 0.0F, 0.0F, kFarAway, kChords);
   for (int i = 0; i < n; i++) {
     if (re[i] > 0.0F) drawRealCircle(s, re[i], -kFarAway, kFarAway, kChords);
@@ -94,19 +89,6 @@ void drawChart(PlotState* s, const float* re, int n, const float* im, int m) {
   drawImaginaryLabels(s, im, m);
   s->internalCoordinates = false;
   flushPath(s);
-}
-
-void placeChart(PlotState* s) {
-  AxisGroup& a = s->axis;
-  int length = a.axisLength[kAxisX] < a.axisLength[kAxisY] ? a.axisLength[kAxisX] : a.axisLength[kAxisY];
-  a.axisLength[kAxisX] = a.axisLength[kAxisY] = length;
-  if (a.axisOriginGiven) {
-    a.axisPosX = a.axisCrossX - (length - 1) / 2;
-    a.axisPosY = a.axisCrossY + (length - 1) / 2;
-  } else {
-    a.axisCrossX = a.axisPosX + (length - 1) / 2;
-    a.axisCrossY = a.axisPosY - (length - 1) / 2;
-  }
 }
 
 PlotState* openChartCheck(const char* routine) {
@@ -132,7 +114,7 @@ void GRAFR(const float* re, int n, const float* im, int m) {
   if (checkScale(s, kAxisX, scale) || checkScale(s, kAxisY, scale)) return;
   s->level.plotLevel = kLevelAxis2D;
   s->axis.axisSystemKind = kSystemRealImaginary;
-  placeChart(s);
+  placeRoundSystem(s);
   storeScale(s, kAxisX, scale);
   storeScale(s, kAxisY, scale);
   storeAxisClip(s);

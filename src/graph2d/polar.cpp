@@ -27,17 +27,6 @@ PlotPoint onCircle(const PlotState* s, double radius, double direction) {
           static_cast<float>(s->axis.axisCrossY - radius * std::sin(direction))};
 }
 
-void drawCircle(PlotState* s, double radius) {
-  for (int i = 0; i <= kChords; i++) {
-    PlotPoint p = onCircle(s, radius, kTwoPi * i / kChords);
-    if (i == 0) {
-      penMove(s, p.x, p.y);
-    } else {
-      penDraw(s, p.x, p.y);
-    }
-  }
-}
-
 void drawRay(PlotState* s, double from, double to, double direction) {
   PlotPoint a = onCircle(s, from, direction), b = onCircle(s, to, direction);
   penMove(s, a.x, a.y);
@@ -89,19 +78,6 @@ bool checkPolar(PlotState* s, float xe, float xorg, float xstp, float yorg, floa
   return fineRadius && fineAngle;
 }
 
-void placePolar(PlotState* s) {
-  AxisGroup& a = s->axis;
-  int length = a.axisLength[kAxisX] < a.axisLength[kAxisY] ? a.axisLength[kAxisX] : a.axisLength[kAxisY];
-  a.axisLength[kAxisX] = a.axisLength[kAxisY] = length;
-  if (a.axisOriginGiven) {
-    a.axisPosX = a.axisCrossX - (length - 1) / 2;
-    a.axisPosY = a.axisCrossY + (length - 1) / 2;
-  } else {
-    a.axisCrossX = a.axisPosX + (length - 1) / 2;
-    a.axisCrossY = a.axisPosY - (length - 1) / 2;
-  }
-}
-
 // Radii count outwards from the centre on both sides of it.
 void drawRadiusAxis(PlotState* s, const AxisScale& radius) {
   const ScalingState kept = s->scaling;
@@ -125,7 +101,7 @@ void drawPolarSystem(PlotState* s, const AxisScale& radius) {
   int kept = s->line.lineStyleIndex;
   setLineType(s, 0);
   s->internalCoordinates = true;
-  drawCircle(s, outerRadius(s));
+  drawSystemCircle(s, outerRadius(s));
   if (s->axis.axisPartDrawn[kSideLeft] >= kPartTicks) drawAngleTicks(s);
   if (s->axis.axisPartDrawn[kSideLeft] >= kPartLabels) drawAngleLabels(s);
   drawRadiusAxis(s, radius);
@@ -156,7 +132,7 @@ void openPolar(const char* routine, float xe, float xorg, float xstp, float yorg
   if (!checkPolar(s, xe, xorg, xstp, yorg, ystp)) return;
   s->level.plotLevel = kLevelAxis2D;
   s->axis.axisSystemKind = kSystemPolar;
-  placePolar(s);
+  placeRoundSystem(s);
   AxisScale radius{-xe, xe, xorg, xstp};
   storeScale(s, kAxisX, radius);
   storeScale(s, kAxisY, {0.0F, 360.0F, yorg, ystp});
@@ -165,7 +141,7 @@ void openPolar(const char* routine, float xe, float xorg, float xstp, float yorg
     s->axis.axisPosY = (s->geometry.pageHeight + s->axis.axisLength[kAxisY]) / 2;
     s->axis.axisOriginGiven = false;
     s->axis.centerState = 2;
-    placePolar(s);
+    placeRoundSystem(s);
   }
   storeAxisClip(s);
   if (!s->axis.noAxesDrawn) drawPolarSystem(s, radius);
@@ -173,6 +149,17 @@ void openPolar(const char* routine, float xe, float xorg, float xstp, float yorg
 }
 
 } // namespace
+
+void drawSystemCircle(PlotState* s, double radius) {
+  for (int i = 0; i <= kChords; i++) {
+    PlotPoint p = onCircle(s, radius, kTwoPi * i / kChords);
+    if (i == 0) {
+      penMove(s, p.x, p.y);
+    } else {
+      penDraw(s, p.x, p.y);
+    }
+  }
+}
 
 void drawPolarGrid(PlotState* s, int circles, int rays) {
   double end = static_cast<double>(s->scaling.axisEnd[kAxisX]), step = static_cast<double>(s->scaling.axisStep[kAxisX]);
@@ -183,7 +170,7 @@ void drawPolarGrid(PlotState* s, int circles, int rays) {
     for (int i = range.low; i <= range.high; i++) {
       double r = static_cast<double>(s->scaling.axisFirstLabel[kAxisX]) + i * step / circles;
       // The circle of the system itself is drawn already.
-      if (r > end * kAngleSlack && r < end * (1.0 - kAngleSlack)) drawCircle(s, r * factor);
+      if (r > end * kAngleSlack && r < end * (1.0 - kAngleSlack)) drawSystemCircle(s, r * factor);
     }
   }
   for (int i = 0, n = rays > 0 ? angleCount(s) * rays : 0; i < n; i++) {

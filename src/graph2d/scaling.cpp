@@ -248,6 +248,19 @@ PlotPoint plotPoint(const PlotState* s, float x, float y) {
           static_cast<float>(s->axis.axisCrossY - radius * std::sin(direction))};
 }
 
+void placeRoundSystem(PlotState* s) {
+  AxisGroup& a = s->axis;
+  int length = a.axisLength[kAxisX] < a.axisLength[kAxisY] ? a.axisLength[kAxisX] : a.axisLength[kAxisY];
+  a.axisLength[kAxisX] = a.axisLength[kAxisY] = length;
+  if (a.axisOriginGiven) {
+    a.axisPosX = a.axisCrossX - (length - 1) / 2;
+    a.axisPosY = a.axisCrossY + (length - 1) / 2;
+  } else {
+    a.axisCrossX = a.axisPosX + (length - 1) / 2;
+    a.axisCrossY = a.axisPosY - (length - 1) / 2;
+  }
+}
+
 void storeAxisClip(PlotState* s) {
   const AxisGroup& a = s->axis;
   int grace = a.graceMargin, originX = s->page.originX, originY = s->page.originY;

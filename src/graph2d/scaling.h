@@ -39,6 +39,9 @@ Complex impedanceOf(const PlotState* s, Complex reflection);
 // Direction on the page, in radians anticlockwise from the right, of an angle of a polar system in degrees.
 double polarDirection(const PlotState* s, double degrees);
 
+// Both lengths of a round system become the smaller one; its centre follows from its corner or the other way round.
+void placeRoundSystem(PlotState* s);
+
 // Clip limits of curves from position, length, ORIGIN and GRACE.
 void storeAxisClip(PlotState* s);
 
