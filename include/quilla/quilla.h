@@ -117,6 +117,21 @@ void REVSCR(void);              /* 1..3: swaps foreground and background of the 
 void CLRMOD(const char* mode);  /* 0: "NONE", "FULL", "CONT" */
 void COLRAN(int low, int high); /* setter: range of shading colours */
 
+/* ---- Shields: regions that lines do not enter ------------------------------------------------------------------ */
+
+void SHIELD(const char* area,
+            const char* mode);               /* 1..3: "MESS", "SYMB", "BARS", "PIE", "LEGE"; "ON", "OFF", "VIS", ... */
+void SHLREC(int nx, int ny, int nw, int nh); /* 1..3: rectangle, upper left corner and size */
+void SHLRCT(int nx, int ny, int nw, int nh, float angle); /* 1..3: turned by degrees about that corner */
+void SHLCIR(int nx, int ny, int nr);                      /* 1..3: circle */
+void SHLELL(int nx, int ny, int na, int nb, float angle); /* 1..3: ellipse with half axes na and nb */
+void SHLPIE(int nx, int ny, int nr, float a, float b);    /* 1..3: sector between two angles in degrees */
+void SHLPOL(const int* nx, const int* ny, int n);         /* 1..3: polygon, up to 499 points */
+void SHLDEL(int id);                                      /* 1..3: deletes a region, 0 all of the script */
+void SHLRES(int n);                                       /* 1..3: deletes the last n regions */
+void SHLVIS(int id, const char* mode);                    /* 1..3: "ON", "OFF" for a region, 0 all */
+int SHLIND(void);                                         /* setter: number of regions */
+
 /* ---- Text ------------------------------------------------------------------------------------------------------ */
 
 void QUIALF(void); /* 1..3: stroke fonts */

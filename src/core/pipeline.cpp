@@ -7,6 +7,7 @@
 #include "core/clipper.h"
 #include "core/messages.h"
 #include "core/page.h"
+#include "core/shields.h"
 #include "device/sink.h"
 
 namespace quilla {
@@ -27,6 +28,29 @@ ClipBox activeBox(const PlotState* s) {
   const ClipGroup& c = s->clip;
   return {static_cast<float>(c.clipX0), static_cast<float>(c.clipY0), static_cast<float>(c.clipX1),
           static_cast<float>(c.clipY1)};
+}
+
+bool isShielded(const PlotState* s) { return s->shield.shieldCount > 0 && !s->shieldingSuspended; }
+
+// The open path without its parts in shields: each segment is cut at the window, then at the regions.
+void sendShieldedPath(PlotState* s) {
+  const PathState& p = s->path;
+  ClipBox box = activeBox(s);
+  Segment pieces[kShieldPieces];
+  bool placed = false;
+  float penX = 0.0F, penY = 0.0F;
+  for (int i = 1; i < p.pathCount; i++) {
+    Segment part{p.pathX[i - 1], p.pathY[i - 1], p.pathX[i], p.pathY[i]};
+    if (!clipSegment(box, part).visible) continue;
+    int count = piecesOutsideShields(s, part, pieces);
+    for (int k = 0; k < count; k++) {
+      if (!placed || pieces[k].x0 != penX || pieces[k].y0 != penY) qqpen(s, pieces[k].x0, pieces[k].y0, kPenMove);
+      penX = pieces[k].x1;
+      penY = pieces[k].y1;
+      placed = true;
+      qqpen(s, penX, penY, kPenDraw);
+    }
+  }
 }
 
 // The open path to the sink. The pen follows the visible parts: down at (x, y) while the path stays inside.
@@ -135,7 +159,11 @@ void flushPath(PlotState* s) {
   PathState& p = s->path;
   if (p.pathCount > 1 && !p.flushRunning) {
     p.flushRunning = true;
-    sendPath(s);
+    if (isShielded(s)) {
+      sendShieldedPath(s);
+    } else {
+      sendPath(s);
+    }
     p.flushRunning = false;
   }
   p.pathCount = 0;

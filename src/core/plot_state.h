@@ -7,6 +7,7 @@
 #include "core/line_group.h"
 #include "core/message_group.h"
 #include "core/page_group.h"
+#include "core/shield_group.h"
 #include "device/device_group.h"
 #include "graph2d/axis_group.h"
 #include "graph2d/curve_group.h"
@@ -30,6 +31,7 @@ struct PlotState {
   PageGroup page;
   LineGroup line;
   ColorGroup color;
+  ShieldGroup shield;
   TextGroup text;
   FontGroup font;
   AxisGroup axis;
@@ -47,6 +49,7 @@ struct PlotState {
   TextState textState;
   ScalingState scaling;
   CycleState cycle;
+  bool shieldingSuspended = false;  // outlines of shields are not cut
   bool internalCoordinates = false; // a routine of the library draws: y of PAGORG is not reversed
 };
 

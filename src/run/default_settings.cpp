@@ -62,6 +62,7 @@ void applyDefaultSettings(PlotState* s) {
   s->message.messageUnit = s->streams.errorFileStream ? kUnitFile : kUnitConsole;
   s->page = PageGroup{};
   s->clip = ClipGroup{};
+  s->shield = ShieldGroup{};
   clipWholePage(s);
   s->axis = defaultAxisGroup(s);
   s->myLabels = MyLabelGroup{};
