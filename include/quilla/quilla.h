@@ -22,6 +22,8 @@ void QUIFIN(void);            /* 1..3: finishes the plot, prints the protocol, b
 void RESET(const char* name); /* a group of settings, by the name of its routine, back to its default; "ALL" all */
 int GETLEV(void);             /* level 0..3 */
 double GETVER(void);          /* version of the library, 11.5 */
+void THRINI(int n);           /* before all else: plots in up to n threads, each with its own state */
+void THRFIN(void);            /* ends the use of threads and frees their states */
 
 /* ---- Device and plot file -------------------------------------------------------------------------------------- */
 
@@ -43,11 +45,14 @@ const char* GETDSP(void);                         /* any: kind of the display: "
 
 /* ---- Messages -------------------------------------------------------------------------------------------------- */
 
-void ERRDEV(const char* device);                /* 0: "CONS", "FILE", "APPE" */
-void ERRFIL(const char* name);                  /* 0: name of the error file */
-void ERRMOD(const char* key, const char* mode); /* setter: "WARN", "CHEC", "PROT", "ALL"; "ON", "OFF", "FILE" */
-void NOCHEK(void);                              /* setter: no reports of points out of scale */
-void UNIT(FILE* stream);                        /* setter: stream of all messages; null: none at all */
+void ERRDEV(const char* device);                     /* 0: "CONS", "FILE", "APPE" */
+void ERRFIL(const char* name);                       /* 0: name of the error file */
+void ERRMOD(const char* key, const char* mode);      /* setter: "WARN", "CHEC", "PROT", "ALL"; "ON", "OFF", "FILE" */
+void NOCHEK(void);                                   /* setter: no reports of points out of scale */
+void UNIT(FILE* stream);                             /* setter: stream of all messages; null: none at all */
+FILE* GETUNI(void);                                  /* 1..3: stream of messages; null: none */
+void SYMFIL(const char* device, const char* status); /* 0, after QUIFIN: prints the file; "KEEP" or "DELE" */
+void WINAPP(const char* mode);                       /* 0: "CONS", "WIND": the protocol in a message box */
 
 /* ---- Page ------------------------------------------------------------------------------------------------------ */
 
@@ -68,6 +73,17 @@ void NEWPAG(void);               /* 1: next page */
 void ERASE(void);                /* 1..3: clears screens and rasters */
 void GETPAG(int* nx, int* ny);   /* 1..3: page size in units */
 void GETOR(int* nx, int* ny);    /* 1..3: origin */
+void PAGHDR(const char* before, const char* after, int position, int direction); /* 1..3: header with date and time */
+int NXPIXL(int nx, int ny); /* 1..3: pixel of a plot point on screens and rasters */
+int NYPIXL(int nx, int ny);
+void WINDOW(int nx, int ny, int nw, int nh); /* any: place and size of the window in pixels */
+void WINSIZ(int nw, int nh);                 /* any: size of the window, or of a raster, in pixels */
+void WINJUS(const char* corner);             /* any: "RBOT", "RTOP", "LTOP", "LBOT", "CENT" */
+void X11MOD(const char* mode);               /* 0: "STOR", "NOST", "AUTO", "PIXM" */
+void TRFSHF(int nx, int ny); /* setters: transformation of plot coordinates, each after the earlier ones */
+void TRFSCL(float xscl, float yscl);
+void TRFROT(float degrees, int nx, int ny);
+void TRFRES(void); /* setter: ends it */
 
 /* ---- Lines ----------------------------------------------------------------------------------------------------- */
 
@@ -82,20 +98,30 @@ void CHNDOT(void);
 void DASHM(void);
 void DOTL(void);
 void DASHL(void);
-void LINTYP(int type);                           /* 1..3: 0..7, in the order of the routines above */
-void MYLINE(const int* lengths, int n);          /* setter: own pattern, drawn, gap, ..., n 1..10 */
-void LINWID(int width);                          /* 1..3: 1..32000 */
-void PENWID(float width);                        /* 1..3: above 0, up to 32000 */
-void LNCAP(const char* cap);                     /* 1..3: "CUT", "ROUN", "LONG" */
-void LNJOIN(const char* join);                   /* 1..3: "SHAR", "ROUN", "TRUN" */
-void LNMLT(float limit);                         /* 1..3: miter limit, at least 1 */
-void CLPWIN(int nx, int ny, int nw, int nh);     /* 1..3: clip window, upper left corner and size */
-void CLPBOR(const char* border);                 /* 2, 3: "PAGE", "AXIS" */
-void CLPMOD(const char* mode);                   /* setter: "AUTO", "NONE", "CIRC", "RECT" */
-void NOCLIP(void);                               /* setter */
+void LINTYP(int type);                  /* 1..3: 0..7, in the order of the routines above */
+void MYLINE(const int* lengths, int n); /* setter: own pattern, drawn, gap, ..., n 1..10 */
+void LINCLR(const int* colors, int n);  /* setter: colours along the pattern, n 0..30 */
+void HWMODE(const char* mode,
+            const char* key);                /* setter: "ON", "OFF"; "LINE", "SHAD": widths and fills of the device */
+void LINWID(int width);                      /* 1..3: 1..32000 */
+void PENWID(float width);                    /* 1..3: above 0, up to 32000 */
+void LNCAP(const char* cap);                 /* 1..3: "CUT", "ROUN", "LONG" */
+void LNJOIN(const char* join);               /* 1..3: "SHAR", "ROUN", "TRUN" */
+void LNMLT(float limit);                     /* 1..3: miter limit, at least 1 */
+void CLPWIN(int nx, int ny, int nw, int nh); /* 1..3: clip window, upper left corner and size */
+void CLPBOR(const char* border);             /* 2, 3: "PAGE", "AXIS" */
+void CLPMOD(const char* mode);               /* setter: "AUTO", "NONE", "CIRC", "RECT" */
+void NOCLIP(void);                           /* setter */
 void GETCLP(int* nx, int* ny, int* nw, int* nh); /* 1..3 */
 int GETLIN(void);                                /* 1..3: line width */
 int GETTYP(void);                                /* 1..3: line type */
+
+/* ---- Shading patterns ------------------------------------------------------------------------------------------ */
+
+void SHDPAT(int pattern);                                /* setter: number 0..17 or a code; 0 none, 16 solid */
+void MYPAT(int angle, int type, int density, int cross); /* setter: 0..179, 0..7, 0..9, 0..1 */
+void SHDFAC(float factor);                               /* setter: factor of the distances of hatch lines */
+int GETPAT(void);                                        /* 1..3: number or code */
 
 /* ---- Colours --------------------------------------------------------------------------------------------------- */
 
@@ -113,9 +139,10 @@ void SETVLT(const char* table);                   /* 1..3: "RAIN", "SPEC", "GREY
 void MYVLT(const float* r, const float* g, const float* b, int n);    /* any: own table, n 1..256 */
 void HSVRGB(float h, float s, float v, float* r, float* g, float* b); /* any: h 0..360, s, v 0..1 */
 void RGBHSV(float r, float g, float b, float* h, float* s, float* v); /* any */
-void REVSCR(void);              /* 1..3: swaps foreground and background of the table */
-void CLRMOD(const char* mode);  /* 0: "NONE", "FULL", "CONT" */
-void COLRAN(int low, int high); /* setter: range of shading colours */
+void REVSCR(void);                               /* 1..3: swaps foreground and background of the table */
+void VLTFIL(const char* file, const char* mode); /* 1..3: "SAVE", "LOAD": the table as a file of text */
+void CLRMOD(const char* mode);                   /* 0: "NONE", "FULL", "CONT" */
+void COLRAN(int low, int high);                  /* setter: range of shading colours */
 
 /* ---- Shields: regions that lines do not enter ------------------------------------------------------------------ */
 

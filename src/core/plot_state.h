@@ -7,7 +7,9 @@
 #include "core/line_group.h"
 #include "core/message_group.h"
 #include "core/page_group.h"
+#include "core/shading_group.h"
 #include "core/shield_group.h"
+#include "core/window_group.h"
 #include "device/device_group.h"
 #include "graph2d/axis_group.h"
 #include "graph2d/curve_group.h"
@@ -24,12 +26,15 @@ struct PlotState {
   PageSetup pageSetup;
   ColorSetup colorSetup;
   DeviceSetup deviceSetup;
+  WindowSetup windowSetup;
   DateSetup dateSetup;
 
   // Run lifetime: set by the default settings of QUIINI and by RESET("ALL").
   MessageGroup message;
   PageGroup page;
   LineGroup line;
+  TransformGroup transform;
+  ShadingGroup shading;
   ColorGroup color;
   ShieldGroup shield;
   TextGroup text;

@@ -138,7 +138,8 @@ struct ScalingState {
   float userMinX = 0.0F, userMaxX = 0.0F, userMinY = 0.0F, userMaxY = 0.0F; // user values, min not above max
   int axisClip[4] = {}; // x0, y0, x1, y1 of the curve clip in plot coordinates
   int axisRightX = 0, axisTopY = 0;
-  int longestLabel[kAxisCount] = {}; // plot units, of the labels last drawn
+  float axisCenterX = 0.0F, axisCenterY = 0.0F, axisRadius = 0.0F; // of the circular clip
+  int longestLabel[kAxisCount] = {};                               // plot units, of the labels last drawn
 };
 
 } // namespace quilla

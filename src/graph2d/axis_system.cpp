@@ -269,11 +269,10 @@ void CLPBOR(const char* border) {
     axisClipOn(s);
     s->clip.clipBorderMode = kBorderAxis;
   } else if (found == 1) {
-    bool cut = s->clip.axisClipActive;
     s->clip.clipBorderMode = kBorderPage;
     clipWholePage(s);
-    s->clip.axisClipActive = false;
-    if (cut) sinkClip(s, false, 0.0F, 0.0F, 0.0F, 0.0F);
+    s->clip.axisClipActive = s->clip.clipIsCircle = false;
+    sendClip(s, 0.0F);
   }
 }
 
@@ -295,7 +294,8 @@ void NOCLIP(void) {
 
 namespace {
 
-bool isNotPolar(PlotState* s) {
+// On a polar system a Y value alone is no place.
+bool hasPlainY(PlotState* s) {
   if (s->axis.axisSystemKind != kSystemPolar) return true;
   warnWithText(s, 109, "Routine does not work for polar axis systems");
   return false;
@@ -310,7 +310,7 @@ float XPOSN(float x) {
 
 float YPOSN(float y) {
   PlotState* s = strictCheck(2, 3, "yposn");
-  return s && isNotPolar(s) ? userY(s, plotY(s, y)) : 0.0F;
+  return s && hasPlainY(s) ? userY(s, plotY(s, y)) : 0.0F;
 }
 
 int NXPOSN(float x) {
@@ -320,7 +320,7 @@ int NXPOSN(float x) {
 
 int NYPOSN(float y) {
   PlotState* s = strictCheck(2, 3, "nyposn");
-  return s && isNotPolar(s) ? userY(s, roundHalfUp(plotY(s, y))) : 0;
+  return s && hasPlainY(s) ? userY(s, roundHalfUp(plotY(s, y))) : 0;
 }
 
 float X2DPOS(float x, float y) {

@@ -132,7 +132,7 @@ void drawPolarBars(PlotState* s, const CurveData& d, bool filled) {
                             plotPoint(s, d.x[i], d.y[i] + half)};
     float xs[3] = {corners[0].x, corners[1].x, corners[2].x}, ys[3] = {corners[0].y, corners[1].y, corners[2].y};
     if (filled) {
-      fillPolygon(s, xs, ys, 3);
+      fillSolid(s, xs, ys, 3);
       continue;
     }
     penMove(s, xs[0], ys[0]);
@@ -152,7 +152,7 @@ void drawBars(PlotState* s, const CurveData& d, bool filled) {
           y = plotY(s, d.y[i]);
     if (filled) {
       float xs[4] = {x0, x0, x1, x1}, ys[4] = {base, y, y, base};
-      fillPolygon(s, xs, ys, 4);
+      fillSolid(s, xs, ys, 4);
       continue;
     }
     penMove(s, x0, base);

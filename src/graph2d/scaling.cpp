@@ -271,6 +271,10 @@ void storeAxisClip(PlotState* s) {
   clip[1] = onPage(originY + a.axisPosY + 1 - grace - a.axisLength[kAxisY], height);
   clip[2] = onPage(originX + a.axisPosX + grace - 1 + a.axisLength[kAxisX], width);
   clip[3] = onPage(originY + a.axisPosY + grace, height);
+  s->scaling.axisCenterX = static_cast<float>(originX + a.axisPosX) + static_cast<float>(a.axisLength[kAxisX] - 1) / 2;
+  s->scaling.axisCenterY = static_cast<float>(originY + a.axisPosY) - static_cast<float>(a.axisLength[kAxisY] - 1) / 2;
+  int shorter = a.axisLength[kAxisX] < a.axisLength[kAxisY] ? a.axisLength[kAxisX] : a.axisLength[kAxisY];
+  s->scaling.axisRadius = static_cast<float>(shorter - 1) / 2 + static_cast<float>(grace);
   s->scaling.axisRightX = a.axisPosX - 1 + a.axisLength[kAxisX];
   s->scaling.axisTopY = a.axisPosY - a.axisLength[kAxisY] + 1;
 }
@@ -281,20 +285,27 @@ void axisClipOn(PlotState* s) {
   flushPath(s);
   int saved[4] = {c.clipX0, c.clipY0, c.clipX1, c.clipY1};
   for (int i = 0; i < 4; i++) c.savedClip[i] = saved[i];
+  bool round = c.clipMode == kClipCircle || (c.clipMode == kClipAuto && s->axis.axisSystemKind == kSystemPolar);
+  if (round) {
+    c.clipIsCircle = c.axisClipActive = true;
+    c.clipCenterX = s->scaling.axisCenterX;
+    c.clipCenterY = s->scaling.axisCenterY;
+    c.clipRadius = s->scaling.axisRadius;
+    return;
+  }
   const int* axis = s->scaling.axisClip;
   setClipRectangle(s, axis[0] > saved[0] ? axis[0] : saved[0], axis[1] > saved[1] ? axis[1] : saved[1],
                    axis[2] < saved[2] ? axis[2] : saved[2], axis[3] < saved[3] ? axis[3] : saved[3]);
   c.axisClipActive = true;
-  sinkClip(s, true, static_cast<float>(c.clipX0), static_cast<float>(c.clipY0), static_cast<float>(c.clipX1),
-           static_cast<float>(c.clipY1));
+  sendClip(s, s->axis.axisBackgroundColor >= 0 ? 1.0F : 0.0F);
 }
 
 void axisClipOff(PlotState* s) {
   ClipGroup& c = s->clip;
   if (c.clipBorderMode == kBorderAxis || !c.axisClipActive) return;
   setClipRectangle(s, c.savedClip[0], c.savedClip[1], c.savedClip[2], c.savedClip[3]);
-  c.axisClipActive = false;
-  sinkClip(s, false, 0.0F, 0.0F, 0.0F, 0.0F);
+  if (!c.clipIsCircle) sendClip(s, 0.0F);
+  c.axisClipActive = c.clipIsCircle = false;
 }
 
 } // namespace quilla

@@ -108,7 +108,7 @@ void fillOutline(PlotState* s, const Frame& f, Outline outline) {
     xs[i] = spot.x;
     ys[i] = spot.y;
   }
-  fillPolygon(s, xs, ys, static_cast<int>(n));
+  fillSolid(s, xs, ys, static_cast<int>(n));
 }
 
 // The outline of MYSYMB in the same square as the others, closed by its last point if it repeats the first.
@@ -121,7 +121,7 @@ void drawUserSymbol(PlotState* s, const Frame& f) {
     ys[i] = spot.y;
     if (!c.userSymbolFilled) penTo(s, spot, i == 0);
   }
-  if (c.userSymbolFilled) fillPolygon(s, xs, ys, c.userSymbolN);
+  if (c.userSymbolFilled) fillSolid(s, xs, ys, c.userSymbolN);
 }
 
 } // namespace

@@ -54,6 +54,8 @@ CurveGroup defaultCurveGroup(const PlotState* s) {
 void applyDefaultSettings(PlotState* s) {
   flushPath(s);
   s->line = LineGroup{};
+  s->transform = TransformGroup{};
+  s->shading = ShadingGroup{};
   setLineType(s, 0);
   s->dash.lineGapSize = 0.0F;
   s->color.currentColor = 0;

@@ -27,6 +27,8 @@ template <class Field> void copyField(Field& target, const Field& source) {
 void restoreClip(PlotState* s) {
   s->clip.clipBorderMode = kBorderPage;
   clipWholePage(s);
+  s->clip.clipIsCircle = s->clip.axisClipActive = false;
+  sendClip(s, 0.0F);
 }
 
 void fillColorCycle(PlotState* s) {
@@ -302,7 +304,11 @@ constexpr ResetRow kResetRows[] = {
      copyField(s->axis.autoScaled, d.axis.autoScaled);
    }},
     {"SHDC", nullptr},
-    {"SHDP", nullptr},
+    {"SHDP", [](PlotState* s, const Defaults&) {
+     float factor = s->shading.shadeFactor;
+     s->shading = ShadingGroup{};
+     s->shading.shadeFactor = factor;
+   }},
     {"SHIE", nullptr},
     {"SHLS", nullptr},
     {"SMXA", [](PlotState* s, const Defaults& d) {
@@ -348,9 +354,13 @@ constexpr ResetRow kResetRows[] = {
      s->axis.titleDistance = 0;
    }},
     {"WIDB", nullptr},
-    {"WIND", nullptr},
+    {"WIND", [](PlotState* s, const Defaults&) {
+     s->windowSetup.windowPlacementMode = kWindowDefault;
+   }},
     {"WINM", nullptr},
-    {"WINS", nullptr},
+    {"WINS", [](PlotState* s, const Defaults&) {
+     s->windowSetup.windowPlacementMode = kWindowDefault;
+   }},
     {"ZSCA", nullptr},
 };
 static_assert(sizeof kResetRows / sizeof kResetRows[0] == 130);

@@ -2,6 +2,7 @@
 #include "quilla/quilla.h"
 #include "script/bound_routine.h"
 #include "script/name_index.h"
+#include "script/own_routines.h"
 
 namespace qsl {
 
@@ -71,9 +72,9 @@ constexpr RoutineRow kValueRoutines[kValueRoutineCount] = {
     bound<"GETLIN", "", GETLIN>(),
     absent("GETLIT", "X,X,X,X,X,X"),
     absent("GETPLV", ""),
-    absent("GETPAT", ""),
+    bound<"GETPAT", "", GETPAT>(),
     bound<"GETTYP", "", GETTYP>(),
-    absent("GETUNI", ""),
+    own("GETUNI", "", run_getuni),
     absent("GETWID", ""),
     absent("GETXID", "S"),
     absent("GMXALF", "S,U,U"),
@@ -96,10 +97,10 @@ constexpr RoutineRow kValueRoutines[kValueRoutineCount] = {
     bound<"NLNUMB", "X,I", NLNUMB>(),
     bound<"NWKDAY", "I,I,I", NWKDAY>(),
     absent("NXLEGN", "S"),
-    absent("NXPIXL", "I,I"),
+    bound<"NXPIXL", "I,I", NXPIXL>(),
     bound<"NXPOSN", "X", NXPOSN>(),
     absent("NYLEGN", "S"),
-    absent("NYPIXL", "I,I"),
+    bound<"NYPIXL", "I,I", NYPIXL>(),
     bound<"NYPOSN", "X", NYPOSN>(),
     absent("NZPOSN", "X"),
     absent("OPENFL", "S,I,I"),
