@@ -159,6 +159,22 @@ void SHLRES(int n);                                       /* 1..3: deletes the l
 void SHLVIS(int id, const char* mode);                    /* 1..3: "ON", "OFF" for a region, 0 all */
 int SHLIND(void);                                         /* setter: number of regions */
 
+/* ---- Areas: filled with the shading pattern (SHDPAT) and outlined ---------------------------------------------- */
+
+void AREAF(const int* nx, const int* ny, int n);    /* 1..3: polygon */
+void RLAREA(const float* x, const float* y, int n); /* 2, 3: polygon in user coordinates */
+void SHDCRV(const float* x1, const float* y1, int n1, const float* x2, const float* y2,
+            int n2);                                     /* 2, 3: between two curves */
+void NOARLN(void);                                       /* setter: areas without outlines */
+void RECTAN(int nx, int ny, int nw, int nh);             /* 1..3: rectangle, upper left corner and size */
+void RECFLL(int nx, int ny, int nw, int nh, int color);  /* 1..3: rectangle in a colour, -1 the current one */
+void POINT(int nx, int ny, int nb, int nh, int color);   /* 1..3: the same around its middle */
+void CIRCLE(int nx, int ny, int radius);                 /* 1..3 */
+void ELLIPS(int nx, int ny, int na, int nb);             /* 1..3: half axes na and nb */
+void RLREC(float x, float y, float width, float height); /* 2, 3: the same in user coordinates */
+void RLCIRC(float x, float y, float radius);             /* 2, 3: radius in units of the X axis */
+void RLELL(float x, float y, float a, float b);          /* 2, 3 */
+
 /* ---- Text ------------------------------------------------------------------------------------------------------ */
 
 void QUIALF(void); /* 1..3: stroke fonts */

@@ -235,7 +235,7 @@ constexpr ResetRow kResetRows[] = {
     {"NEWM", [](PlotState* s, const Defaults& d) {
      resetMixCharacters(s, d.text);
    }},
-    {"NOAR", nullptr},
+    {"NOAR", [](PlotState* s, const Defaults&) { s->curve.areaOutlines = true; }},
     {"NOBA", nullptr},
     {"NOBG", nullptr},
     {"NOCH", [](PlotState* s, const Defaults&) {
