@@ -12,7 +12,7 @@ namespace qsl {
 constexpr FunctionRow kFunctions[kFunctionCount] = {
     {"ABS", "*", kByValue, fn_abs},
     {"ARG", "*", kByValue, fn_arg},
-    {"ARGCNT", "", kByValue, nullptr},
+    {"ARGCNT", "", kByValue, fn_argcnt},
     {"ATONUM", "S", kByValue, fn_atonum},
     {"BYTE", "*", kAliasArrays, fn_byte},
     {"CATARR", "AR,AR", kByValue, fn_catarr},
@@ -55,7 +55,7 @@ constexpr FunctionRow kFunctions[kFunctionCount] = {
     {"IMAG", "*", kAliasArrays, fn_imag},
     {"INQUIRE", "S", kAliasArrays, fn_inquire},
     {"INT", "*", kAliasArrays, fn_int},
-    {"KEYCNT", "", kByValue, nullptr},
+    {"KEYCNT", "", kByValue, fn_keycnt},
     {"MAXARR", "AR", kAliasArrays, fn_maxarr},
     {"MINARR", "AR", kAliasArrays, fn_minarr},
     {"NUMTOA", "X,I", kByValue, fn_numtoa},

@@ -7,6 +7,7 @@ namespace qsl {
 void fn_abs(int first);
 void fn_acos(int first);
 void fn_arg(int first);
+void fn_argcnt(int first);
 void fn_asin(int first);
 void fn_atan(int first);
 void fn_atan2(int first);
@@ -43,6 +44,7 @@ void fn_ialloc(int first);
 void fn_imag(int first);
 void fn_inquire(int first);
 void fn_int(int first);
+void fn_keycnt(int first);
 void fn_log(int first);
 void fn_log10(int first);
 void fn_maxarr(int first);

@@ -1,5 +1,6 @@
 #include "script/interpreter.h"
 
+#include <cstdlib>
 #include <cstring>
 
 #include "script/data_file.h"
@@ -15,6 +16,10 @@ void reset_interpreter() {
   clear_stack(0);
   for (int i = 0; i < kVariables; ++i) free_variable(i);
   free_saved_statements(0);
+  for (RoutineFrame& frame : interp.control.frames) {
+    for (int i = 0; i < frame.waiting_count; ++i) std::free(frame.waiting[i].text);
+    std::free(frame.waiting);
+  }
   close_data_file();
   std::memset(static_cast<void*>(&interp), 0, sizeof interp);
   interp.data.block = 1;

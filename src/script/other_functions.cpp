@@ -12,6 +12,7 @@
 #include "script/operand_stack.h"
 #include "script/report.h"
 #include "script/script_files.h"
+#include "script/user_routines.h"
 #include "script/user_statements.h"
 
 namespace qsl {
@@ -70,6 +71,9 @@ void fn_vardim(int first) {
   const int extent = k > v->ndim ? 0 : v->ndim > 1 ? v->dims[k - 1] : v->count;
   replace_by_int(first, extent);
 }
+
+void fn_argcnt(int first) { replace_by_int(first, current_frame().passed); }
+void fn_keycnt(int first) { replace_by_int(first, current_frame().keywords); }
 
 void fn_getarg(int first) {
   const int n = int_at(first);
