@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "script/data_file.h"
+#include "script/file_functions.h"
 #include "script/operand_stack.h"
 #include "script/statement_reader.h"
 #include "script/variables.h"
@@ -21,8 +22,10 @@ void reset_interpreter() {
     std::free(frame.waiting);
   }
   close_data_file();
+  close_script_files();
   std::memset(static_cast<void*>(&interp), 0, sizeof interp);
   interp.data.block = 1;
+  interp.functions.random = 1;
 }
 
 } // namespace qsl

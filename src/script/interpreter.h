@@ -181,6 +181,15 @@ struct DataState {
   int rows, columns, full;
 };
 
+// file_functions.cpp: the files of FOPEN.
+enum FileClass : std::int8_t { kReadText, kWriteText, kReadBinary, kWriteBinary, kUpdateText, kUpdateBinary };
+struct ScriptFile {
+  std::FILE* stream;
+  FileClass file_class;
+  bool in_use;
+  bool console; // the standard input or output, which stays open
+};
+
 // system_variables.cpp, quick_plots.cpp
 struct QuickPlotState {
   float axis[3][4]; // start, end, first label, step
@@ -189,7 +198,8 @@ struct QuickPlotState {
 // other_functions.cpp
 struct FunctionState {
   bool clock_called;
-  double clock_last; // milliseconds of processor time
+  double clock_last;    // milliseconds of processor time
+  std::uint32_t random; // state of RAND
 };
 
 struct Interpreter {
@@ -200,6 +210,7 @@ struct Interpreter {
   ControlState control;
   StackState stack;
   DataState data;
+  ScriptFile files[kScriptFiles];
   QuickPlotState quick;
   FunctionState functions;
 };
