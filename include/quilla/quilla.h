@@ -123,6 +123,8 @@ void QUIALF(void); /* 1..3: stroke fonts */
 void SIMPLX(void);
 void COMPLX(void);
 void DUPLX(void);
+void TRIPLX(void);
+void GOTHIC(void);
 void PSFONT(const char* name);                        /* 1..3: a standard PostScript font, on devices that have them */
 void HWFONT(void);                                    /* 1..3: the device's standard font, else COMPLX */
 void MESSAG(const char* text, int nx, int ny);        /* 1..3: upper left corner; (999, 999) continues */

@@ -36,6 +36,14 @@ constexpr FontTables kFonts[] = {
     {kSimplx,
      {{kSimplxPoints, kSimplxIndex, 132}, {nullptr, kSimplxGreekIndex, 95}, kMath, kSlanted, kScript, kCyrillic}},
     {kDuplx, {{kDuplxPoints, kDuplxIndex, 132}, kGreek, kMath, kSlanted, kScript, kCyrillic}},
+    {kTriplx, {{kTriplxPoints, kTriplxIndex, 132}, kGreek, kMath, kSlanted, kScript, kCyrillic}},
+    {kGothic,
+     {{kGothicPoints, kGothicIndex, 95},
+      kGreek,
+      kMath,
+      {kGothicItalianPoints, kGothicItalianIndex, 95},
+      {kGothicGermanPoints, kGothicGermanIndex, 102},
+      kCyrillic}},
 };
 
 constexpr int kFirstOutlineFont = 11;

@@ -64,6 +64,8 @@ void QUIALF() { chooseFont("quialf", kQuialf); }
 void SIMPLX() { chooseFont("simplx", kSimplx); }
 void COMPLX() { chooseFont("complx", kComplx); }
 void DUPLX() { chooseFont("duplx", kDuplx); }
+void TRIPLX() { chooseFont("triplx", kTriplx); }
+void GOTHIC() { chooseFont("gothic", kGothic); }
 
 void HEIGHT(int height) {
   PlotState* s = strictCheck(kLevelPlot, kLevelAxis3D, "height");
