@@ -146,9 +146,14 @@ void SETMIX(const char* character, const char* key); /* setter: "EXP", "IND", "R
 void SETEXP(float size);                             /* setter: size of exponents and indices, as a factor */
 void SETBAS(float shift);                            /* setter: shift of exponents, fraction of the height */
 void EUSHFT(const char* set, const char* character); /* setter: shift character of accented letters */
-void FRMESS(int thickness);                          /* setter: frame around texts */
-void TXTBGD(int color);                              /* setter: background of texts, -1 none */
-void NUMFMT(const char* format);                     /* setter: "FLOA", "EXP", "FEXP", "LOG", "XEXP" */
+void CHACOD(const char* coding); /* setter: "STAN", "ISO1", "ISO2", "ISO3", "ISO5", "KOI8", "UTF8", "ISO7" */
+int UTFINT(const char* text, int* codes,
+           int size); /* any: codes of a UTF-8 text; their count, below 0 after a warning */
+/* any: UTF-8 text of codes, at most size bytes, an end mark if there is room; its length, below 0 after a warning */
+int INTUTF(const int* codes, int count, char* text, int size);
+void FRMESS(int thickness);      /* setter: frame around texts */
+void TXTBGD(int color);          /* setter: background of texts, -1 none */
+void NUMFMT(const char* format); /* setter: "FLOA", "EXP", "FEXP", "LOG", "XEXP" */
 void NUMODE(const char* decimal, const char* group, const char* plus, const char* fixed); /* 1..3 */
 int GETHGT(void);                                                                         /* 1..3: character height */
 int GETANG(void);                                                                         /* 1..3: text angle */

@@ -8,5 +8,7 @@ namespace qsl {
 void run_quiini(const Call& call);
 void run_metafl(const Call& call);
 void run_unit(const Call& call);
+void run_utfint(const Call& call);
+void run_intutf(const Call& call);
 
 } // namespace qsl

@@ -8,7 +8,6 @@
 namespace quilla {
 
 inline constexpr int kBlankOrdinal = 1;
-inline constexpr int kFirstCode = 32;        // ordinal = code - 31
 inline constexpr float kLineFontUnit = 0.5F; // unit of the offsets of shared strokes
 inline constexpr float kFixedSpacingCell = 1.4F;
 

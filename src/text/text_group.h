@@ -11,6 +11,7 @@ inline constexpr int kTextCodeLimit = 256;
 inline constexpr int kShiftCount = 8;
 inline constexpr int kAlphabetShiftLimit = 6;
 inline constexpr int kFontNameLength = 80;
+inline constexpr int kFirstCode = 32;       // ordinal = code - 31
 inline constexpr int kCharWidthCount = 156; // codes 32 to 187
 inline constexpr int kTabCount = 20;
 inline constexpr int kCommandLength = 20;
