@@ -151,9 +151,13 @@ int UTFINT(const char* text, int* codes,
            int size); /* any: codes of a UTF-8 text; their count, below 0 after a warning */
 /* any: UTF-8 text of codes, at most size bytes, an end mark if there is room; its length, below 0 after a warning */
 int INTUTF(const int* codes, int count, char* text, int size);
-void FRMESS(int thickness);      /* setter: frame around texts */
-void TXTBGD(int color);          /* setter: background of texts, -1 none */
-void NUMFMT(const char* format); /* setter: "FLOA", "EXP", "FEXP", "LOG", "XEXP" */
+void TEXMOD(const char* mode); /* setter: "OFF", "ON": texts are formulas */
+void TEXOPT(const char* value,
+            const char* option);          /* setter: "ON" or "OFF" for "LIMI", "ITAL"; "STAN", "VECT" for "BRAC" */
+void TEXVAL(float x, const char* option); /* setter: "EXP", "H1BR", "H2BR", "VBRA", "OPER", "WBRA": factors */
+void FRMESS(int thickness);               /* setter: frame around texts */
+void TXTBGD(int color);                   /* setter: background of texts, -1 none */
+void NUMFMT(const char* format);          /* setter: "FLOA", "EXP", "FEXP", "LOG", "XEXP" */
 void NUMODE(const char* decimal, const char* group, const char* plus, const char* fixed); /* 1..3 */
 int GETHGT(void);                                                                         /* 1..3: character height */
 int GETANG(void);                                                                         /* 1..3: text angle */

@@ -32,7 +32,7 @@ int exponentText(const PlotState* s, double value, int digits, int format, char*
 
 // Texts of exponentText are drawn and measured between these two: exponents are on, and {D} is the multiplication sign.
 struct NumberMixing {
-  bool mixOn;
+  bool mixOn, texOn;
   int alphabetShiftCount;
   AlphabetShift first;
 };
