@@ -181,6 +181,8 @@ void QUIALF(void); /* 1..3: stroke fonts */
 void SIMPLX(void);
 void COMPLX(void);
 void DUPLX(void);
+void TRIPLX(void);
+void GOTHIC(void);
 void PSFONT(const char* name);                        /* 1..3: a standard PostScript font, on devices that have them */
 void HWFONT(void);                                    /* 1..3: the device's standard font, else COMPLX */
 void MESSAG(const char* text, int nx, int ny);        /* 1..3: upper left corner; (999, 999) continues */
@@ -202,9 +204,18 @@ void SETMIX(const char* character, const char* key); /* setter: "EXP", "IND", "R
 void SETEXP(float size);                             /* setter: size of exponents and indices, as a factor */
 void SETBAS(float shift);                            /* setter: shift of exponents, fraction of the height */
 void EUSHFT(const char* set, const char* character); /* setter: shift character of accented letters */
-void FRMESS(int thickness);                          /* setter: frame around texts */
-void TXTBGD(int color);                              /* setter: background of texts, -1 none */
-void NUMFMT(const char* format);                     /* setter: "FLOA", "EXP", "FEXP", "LOG", "XEXP" */
+void CHACOD(const char* coding); /* setter: "STAN", "ISO1", "ISO2", "ISO3", "ISO5", "KOI8", "UTF8", "ISO7" */
+int UTFINT(const char* text, int* codes,
+           int size); /* any: codes of a UTF-8 text; their count, below 0 after a warning */
+/* any: UTF-8 text of codes, at most size bytes, an end mark if there is room; its length, below 0 after a warning */
+int INTUTF(const int* codes, int count, char* text, int size);
+void TEXMOD(const char* mode); /* setter: "OFF", "ON": texts are formulas */
+void TEXOPT(const char* value,
+            const char* option);          /* setter: "ON" or "OFF" for "LIMI", "ITAL"; "STAN", "VECT" for "BRAC" */
+void TEXVAL(float x, const char* option); /* setter: "EXP", "H1BR", "H2BR", "VBRA", "OPER", "WBRA": factors */
+void FRMESS(int thickness);               /* setter: frame around texts */
+void TXTBGD(int color);                   /* setter: background of texts, -1 none */
+void NUMFMT(const char* format);          /* setter: "FLOA", "EXP", "FEXP", "LOG", "XEXP" */
 void NUMODE(const char* decimal, const char* group, const char* plus, const char* fixed); /* 1..3 */
 int GETHGT(void);                                                                         /* 1..3: character height */
 int GETANG(void);                                                                         /* 1..3: text angle */
