@@ -46,6 +46,14 @@ const char* GETFIL(void);                         /* 1..3: name of the plot file
 const char* GETMFL(void);                         /* 1..3: keyword of the output format */
 const char* GETDSP(void);                         /* any: kind of the display: "XWIN", "WIND" or "NONE" */
 
+/* ---- Other files ----------------------------------------------------------------------------------------------- */
+
+void INCFIL(const char* name);                     /* 1..3: draws a PLTM or CGM file into the plot */
+void FILBOX(int nx, int ny, int nw, int nh);       /* setter: where INCFIL draws, upper left corner and size */
+void FILCLR(const char* mode);                     /* setter: "ALL", "NONE" of the colours of an included file */
+void PLYINI(const char* mode);                     /* setter: "STAN", collects solids for a PLY file */
+void PLYFIN(const char* name, const char* object); /* 1..3: writes the PLY file */
+
 /* ---- Messages -------------------------------------------------------------------------------------------------- */
 
 void ERRDEV(const char* device);                /* 0: "CONS", "FILE", "APPE" */

@@ -14,6 +14,7 @@ struct OutputBuffer;
 struct VectorWriter;
 struct CgmWriter;
 struct MetafileWriter;
+struct PlyMesh;
 
 inline constexpr int kLineLimit = 80;      // characters of a line of text formats
 inline constexpr int kLineBufferSize = 82; // with newline and end mark
@@ -63,6 +64,7 @@ struct DeviceGroup {
   VectorWriter* vector = nullptr; // SVG and IPE
   CgmWriter* cgm = nullptr;
   MetafileWriter* metafile = nullptr;          // WMF and EMF
+  PlyMesh* ply = nullptr;                      // between PLYINI and PLYFIN
   int pltmPenCode = 0;                         // last pen code of the file
   int javaLastX = 0, javaLastY = 0;            // last point of the pen
   std::FILE* trace = nullptr;                  // hidden output of sink primitives as text, for tests

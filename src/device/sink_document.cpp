@@ -10,6 +10,7 @@
 #include "device/pdf_driver.h"
 #include "device/plain_drivers.h"
 #include "device/plot_file.h"
+#include "device/ply_file.h"
 #include "device/postscript_driver.h"
 #include "device/sink.h"
 #include "device/svg_driver.h"
@@ -154,6 +155,7 @@ void freeDrivers(PlotState* s) {
   if (s->device.plotOutput) closeOutput(s->device.plotOutput);
   s->device.plotOutput = nullptr;
   pdfFree(s);
+  plyFree(s);
   closeTrace(s);
 }
 
@@ -214,6 +216,7 @@ bool sinkOpen(PlotState* s) {
 
 void sinkClose(PlotState* s) {
   if (s->device.trace) traceWord(s, "close");
+  if (plyCollects(s)) plyWrite(s, "quilla.ply", "quilla");
   switch (deviceFamily(s->deviceSetup.deviceNumber)) {
   case DeviceFamily::kPostScript: closePostScript(s); break;
   case DeviceFamily::kPdf: closePdf(s); break;
