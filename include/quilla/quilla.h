@@ -39,9 +39,22 @@ void PSMETA(const char* text, const char* key);   /* 0: comment of PostScript fi
 void PDFMOD(const char* value, const char* key);  /* 0: "ON" or "OFF" for "COMP" (compression) or "BUFF" */
 int PDFBUF(unsigned char* bytes, int size);       /* 0: the finished file of buffer mode; size 0: its length */
 void PDFMRK(const char* text, const char* level); /* 1..3: bookmark "CHAP", "SECT", "SUBS", "PARA", "SUBP" */
+void HPGMOD(const char* mode, const char* key);   /* 0: "STAN", "ARIS" for the key "PLOT" */
+void WMFMOD(const char* mode, const char* key);   /* 0: "STAN", "PLAC" for the key "FORM" */
+void CGMVER(int version);                         /* 0: 1 or 4, the version that a CGM file tells */
+void CGMPIC(const char* name);                    /* any: name of the next picture of a CGM file */
+void CGMBGD(float r, float g, float b);           /* any: background of CGM pictures, components 0..1 */
 const char* GETFIL(void);                         /* 1..3: name of the plot file */
 const char* GETMFL(void);                         /* 1..3: keyword of the output format */
 const char* GETDSP(void);                         /* any: kind of the display: "XWIN", "WIND" or "NONE" */
+
+/* ---- Other files ----------------------------------------------------------------------------------------------- */
+
+void INCFIL(const char* name);                     /* 1..3: draws a PLTM or CGM file into the plot */
+void FILBOX(int nx, int ny, int nw, int nh);       /* setter: where INCFIL draws, upper left corner and size */
+void FILCLR(const char* mode);                     /* setter: "ALL", "NONE" of the colours of an included file */
+void PLYINI(const char* mode);                     /* setter: "STAN", collects solids for a PLY file */
+void PLYFIN(const char* name, const char* object); /* 1..3: writes the PLY file */
 
 /* ---- Messages -------------------------------------------------------------------------------------------------- */
 

@@ -42,6 +42,7 @@ struct PlotState {
   AxisGroup axis;
   MyLabelGroup myLabels;
   CurveGroup curve;
+  IncludeGroup include;
 
   // Working state.
   MessageStreams streams;

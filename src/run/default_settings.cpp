@@ -80,6 +80,7 @@ void applyDefaultSettings(PlotState* s) {
   s->myLabels = MyLabelGroup{};
   s->curve = defaultCurveGroup(s);
   resetCycle(s);
+  s->include = IncludeGroup{};
   s->text = defaultTextGroup(s);
   s->textState = TextState{};
   s->textState.symbolDrawer = drawTextSymbol;

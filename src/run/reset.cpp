@@ -148,8 +148,12 @@ constexpr ResetRow kResetRows[] = {
      s->text.shiftCharsOn = false;
    }},
     {"EXPZ", nullptr},
-    {"FILB", nullptr},
-    {"FILC", nullptr},
+    {"FILB", [](PlotState* s, const Defaults&) {
+     s->include.fileBoxSet = false;
+   }},
+    {"FILC", [](PlotState* s, const Defaults&) {
+     s->include.ignoreFileColors = false;
+   }},
     {"FIXS", [](PlotState* s, const Defaults&) {
      s->text.fixedSpacingOn = false;
    }},
