@@ -39,9 +39,22 @@ void PSMETA(const char* text, const char* key);   /* 0: comment of PostScript fi
 void PDFMOD(const char* value, const char* key);  /* 0: "ON" or "OFF" for "COMP" (compression) or "BUFF" */
 int PDFBUF(unsigned char* bytes, int size);       /* 0: the finished file of buffer mode; size 0: its length */
 void PDFMRK(const char* text, const char* level); /* 1..3: bookmark "CHAP", "SECT", "SUBS", "PARA", "SUBP" */
+void HPGMOD(const char* mode, const char* key);   /* 0: "STAN", "ARIS" for the key "PLOT" */
+void WMFMOD(const char* mode, const char* key);   /* 0: "STAN", "PLAC" for the key "FORM" */
+void CGMVER(int version);                         /* 0: 1 or 4, the version that a CGM file tells */
+void CGMPIC(const char* name);                    /* any: name of the next picture of a CGM file */
+void CGMBGD(float r, float g, float b);           /* any: background of CGM pictures, components 0..1 */
 const char* GETFIL(void);                         /* 1..3: name of the plot file */
 const char* GETMFL(void);                         /* 1..3: keyword of the output format */
 const char* GETDSP(void);                         /* any: kind of the display: "XWIN", "WIND" or "NONE" */
+
+/* ---- Other files ----------------------------------------------------------------------------------------------- */
+
+void INCFIL(const char* name);                     /* 1..3: draws a PLTM or CGM file into the plot */
+void FILBOX(int nx, int ny, int nw, int nh);       /* setter: where INCFIL draws, upper left corner and size */
+void FILCLR(const char* mode);                     /* setter: "ALL", "NONE" of the colours of an included file */
+void PLYINI(const char* mode);                     /* setter: "STAN", collects solids for a PLY file */
+void PLYFIN(const char* name, const char* object); /* 1..3: writes the PLY file */
 
 /* ---- Messages -------------------------------------------------------------------------------------------------- */
 
@@ -144,12 +157,45 @@ void VLTFIL(const char* file, const char* mode); /* 1..3: "SAVE", "LOAD": the ta
 void CLRMOD(const char* mode);                   /* 0: "NONE", "FULL", "CONT" */
 void COLRAN(int low, int high);                  /* setter: range of shading colours */
 
+/* ---- Shields: regions that lines do not enter ------------------------------------------------------------------ */
+
+void SHIELD(const char* area,
+            const char* mode);               /* 1..3: "MESS", "SYMB", "BARS", "PIE", "LEGE"; "ON", "OFF", "VIS", ... */
+void SHLREC(int nx, int ny, int nw, int nh); /* 1..3: rectangle, upper left corner and size */
+void SHLRCT(int nx, int ny, int nw, int nh, float angle); /* 1..3: turned by degrees about that corner */
+void SHLCIR(int nx, int ny, int nr);                      /* 1..3: circle */
+void SHLELL(int nx, int ny, int na, int nb, float angle); /* 1..3: ellipse with half axes na and nb */
+void SHLPIE(int nx, int ny, int nr, float a, float b);    /* 1..3: sector between two angles in degrees */
+void SHLPOL(const int* nx, const int* ny, int n);         /* 1..3: polygon, up to 499 points */
+void SHLDEL(int id);                                      /* 1..3: deletes a region, 0 all of the script */
+void SHLRES(int n);                                       /* 1..3: deletes the last n regions */
+void SHLVIS(int id, const char* mode);                    /* 1..3: "ON", "OFF" for a region, 0 all */
+int SHLIND(void);                                         /* setter: number of regions */
+
+/* ---- Areas: filled with the shading pattern (SHDPAT) and outlined ---------------------------------------------- */
+
+void AREAF(const int* nx, const int* ny, int n);    /* 1..3: polygon */
+void RLAREA(const float* x, const float* y, int n); /* 2, 3: polygon in user coordinates */
+void SHDCRV(const float* x1, const float* y1, int n1, const float* x2, const float* y2,
+            int n2);                                     /* 2, 3: between two curves */
+void NOARLN(void);                                       /* setter: areas without outlines */
+void RECTAN(int nx, int ny, int nw, int nh);             /* 1..3: rectangle, upper left corner and size */
+void RECFLL(int nx, int ny, int nw, int nh, int color);  /* 1..3: rectangle in a colour, -1 the current one */
+void POINT(int nx, int ny, int nb, int nh, int color);   /* 1..3: the same around its middle */
+void CIRCLE(int nx, int ny, int radius);                 /* 1..3 */
+void ELLIPS(int nx, int ny, int na, int nb);             /* 1..3: half axes na and nb */
+void RLREC(float x, float y, float width, float height); /* 2, 3: the same in user coordinates */
+void RLCIRC(float x, float y, float radius);             /* 2, 3: radius in units of the X axis */
+void RLELL(float x, float y, float a, float b);          /* 2, 3 */
+
 /* ---- Text ------------------------------------------------------------------------------------------------------ */
 
 void QUIALF(void); /* 1..3: stroke fonts */
 void SIMPLX(void);
 void COMPLX(void);
 void DUPLX(void);
+void TRIPLX(void);
+void GOTHIC(void);
 void PSFONT(const char* name);                        /* 1..3: a standard PostScript font, on devices that have them */
 void HWFONT(void);                                    /* 1..3: the device's standard font, else COMPLX */
 void MESSAG(const char* text, int nx, int ny);        /* 1..3: upper left corner; (999, 999) continues */
@@ -171,9 +217,18 @@ void SETMIX(const char* character, const char* key); /* setter: "EXP", "IND", "R
 void SETEXP(float size);                             /* setter: size of exponents and indices, as a factor */
 void SETBAS(float shift);                            /* setter: shift of exponents, fraction of the height */
 void EUSHFT(const char* set, const char* character); /* setter: shift character of accented letters */
-void FRMESS(int thickness);                          /* setter: frame around texts */
-void TXTBGD(int color);                              /* setter: background of texts, -1 none */
-void NUMFMT(const char* format);                     /* setter: "FLOA", "EXP", "FEXP", "LOG", "XEXP" */
+void CHACOD(const char* coding); /* setter: "STAN", "ISO1", "ISO2", "ISO3", "ISO5", "KOI8", "UTF8", "ISO7" */
+int UTFINT(const char* text, int* codes,
+           int size); /* any: codes of a UTF-8 text; their count, below 0 after a warning */
+/* any: UTF-8 text of codes, at most size bytes, an end mark if there is room; its length, below 0 after a warning */
+int INTUTF(const int* codes, int count, char* text, int size);
+void TEXMOD(const char* mode); /* setter: "OFF", "ON": texts are formulas */
+void TEXOPT(const char* value,
+            const char* option);          /* setter: "ON" or "OFF" for "LIMI", "ITAL"; "STAN", "VECT" for "BRAC" */
+void TEXVAL(float x, const char* option); /* setter: "EXP", "H1BR", "H2BR", "VBRA", "OPER", "WBRA": factors */
+void FRMESS(int thickness);               /* setter: frame around texts */
+void TXTBGD(int color);                   /* setter: background of texts, -1 none */
+void NUMFMT(const char* format);          /* setter: "FLOA", "EXP", "FEXP", "LOG", "XEXP" */
 void NUMODE(const char* decimal, const char* group, const char* plus, const char* fixed); /* 1..3 */
 int GETHGT(void);                                                                         /* 1..3: character height */
 int GETANG(void);                                                                         /* 1..3: text angle */
@@ -182,14 +237,23 @@ const char* GETALF(void);                                                       
 /* ---- Axis systems ---------------------------------------------------------------------------------------------- */
 
 void GRAF(float xa, float xe, float xor_, float xstp, float ya, float ye, float yor, float ystp); /* 1 */
-void ENDGRF(void);                                                                                /* 1..3 */
-void AXSLEN(int nx, int ny);                          /* 1: lengths, at least 2 */
-void AXSPOS(int nx, int ny);                          /* 1: lower left corner */
-void AXSORG(int nx, int ny);                          /* 1: crossing of the axes */
-void AXSTYP(const char* type);                        /* 1: "RECT", "CROS", "IMPE", "ADMI" */
-void AXSSCL(const char* scale, const char* axes);     /* setter: "LIN", "LOG" */
-void SCALE(const char* scale, const char* axes);      /* setter: the same */
-void SETSCL(const float* x, int n, const char* axis); /* 1: automatic scaling from an array */
+void POLAR(float xe, float xorg, float xstp, float yorg, float ystp); /* 1: radius 0..xe, angles in degrees */
+void GRAFP(float xe, float xorg, float xstp, float yorg, float ystp); /* 1: the same */
+void POLMOD(const char* start, const char* direction); /* setter: angle 0 "RIGHT", "TOP", ...; "ANTI", "CLOCK" */
+void GRDPOL(int nx, int ny);                           /* 2, 3: circles and rays per label step of a polar system */
+void GRAFR(const float* re, int n, const float* im, int m); /* 1: chart of impedances with circles at re and im */
+void GRIDRE(float re, float im1, float im2, int n);         /* 2, 3: part of a circle of constant real part, n chords */
+void GRIDIM(float im, float re1, float re2, int n);         /* 2, 3: part of a circle of constant imaginary part */
+void GETRCO(float re, float im, float* r, float* i);        /* 1..3: reflection coefficient of an impedance */
+void GETICO(float r, float i, float* re, float* im);        /* 1..3: impedance of a reflection coefficient */
+void ENDGRF(void);                                          /* 1..3 */
+void AXSLEN(int nx, int ny);                                /* 1: lengths, at least 2 */
+void AXSPOS(int nx, int ny);                                /* 1: lower left corner */
+void AXSORG(int nx, int ny);                                /* 1: crossing of the axes */
+void AXSTYP(const char* type);                              /* 1: "RECT", "CROS", "IMPE", "ADMI" */
+void AXSSCL(const char* scale, const char* axes);           /* setter: "LIN", "LOG" */
+void SCALE(const char* scale, const char* axes);            /* setter: the same */
+void SETSCL(const float* x, int n, const char* axis);       /* 1: automatic scaling from an array */
 void SETGRF(const char* bottom, const char* left, const char* top, const char* right); /* 1: "NONE" ... "NAME" */
 void NOGRAF(void);                                                                     /* setter */
 void AX2GRF(void);                                                                     /* setter */
@@ -214,10 +278,20 @@ float XPOSN(float x);                   /* 2, 3: plot coordinate of a user value
 float YPOSN(float y);
 int NXPOSN(float x);
 int NYPOSN(float y);
-float X2DPOS(float x, float y); /* 2, 3: plot coordinates of a pair of user values */
+float X2DPOS(float x, float y); /* 2, 3: plot coordinates of a pair in any axis system */
 float Y2DPOS(float x, float y);
 float XINVRS(int nx); /* 2, 3: user value of a plot coordinate */
 float YINVRS(int ny);
+
+void XAXIS(float a, float e, float first, float step, int length, const char* name, int it, int nx, int ny);
+/* 1..3: an axis with its start at (nx, ny); it 0: labels below, 1: above */
+void YAXIS(float a, float e, float first, float step, int length, const char* name, int it, int nx, int ny);
+/* 1..3: it 0: labels to the right, 1: to the left */
+void XAXLG(float a, float e, float first, float step, int length, const char* name, int it, int nx, int ny);
+void YAXLG(float a, float e, float first, float step, int length, const char* name, int it, int nx, int ny);
+/* 1..3: logarithmic axes, limits and step as exponents of ten */
+void GAXPAR(float a1, float a2, const char* option, const char* axes, float* a, float* b, float* first, float* step,
+            int* digits); /* setter: what automatic scaling gives for the limits; "EXTEND": whole steps */
 
 void TICKS(int n, const char* axes);                               /* setter: ticks per label step, 0..1000 */
 void TICLEN(int major, int minor);                                 /* setter: 1..10000 */
@@ -263,31 +337,33 @@ void GETTCL(int* major, int* minor);                 /* 1..3 */
 
 /* ---- Curves ---------------------------------------------------------------------------------------------------- */
 
-void CURVE(const float* x, const float* y, int n);      /* 2, 3 */
-void POLCRV(const char* mode);                          /* setter: "LINE", "STEP", "STEM", "STAI", ... */
-void SPLMOD(int degree, int points);                    /* setter: degree 2..10, points 5..30000 */
-void THKCRV(int thickness);                             /* setter: 1..10000 */
-void MARKER(int symbol);                                /* setter: -1..23 */
-void HSYMBL(int height);                                /* setter: 1..10000 */
-void MRKCLR(int color);                                 /* setter */
-void INCMRK(int step);                                  /* setter */
-void INCCRV(int n);                                     /* setter: 1..32000 */
-void CHNCRV(const char* mode);                          /* setter: "NONE", "COLO", "LINE", "BOTH" */
-void LINCYC(int i, int type);                           /* setter: i 1..30, type 0..7 */
-void CLRCYC(int i, int color);                          /* setter: i 1..30 */
-void GAPCRV(float gap);                                 /* setter */
-void GAPSIZ(float gap, const char* axes);               /* setter */
-void NANCRV(const char* mode);                          /* 1..3: "ON", "OFF" */
-void SYMROT(float degrees);                             /* setter */
-void CHNATT(void);                                      /* 1..3: next attributes of the cycle */
-void RESATT(void);                                      /* 1..3: first attributes of the cycle */
-void SYMBOL(int symbol, int nx, int ny);                /* 1..3 */
-void RLMESS(const char* text, float x, float y);        /* 2, 3: MESSAG in user coordinates */
-void RLNUMB(float value, int digits, float x, float y); /* 2, 3 */
-void RLINE(float x1, float y1, float x2, float y2);     /* 2, 3 */
-void RLSYMB(int symbol, float x, float y);              /* 2, 3 */
-void RLSTRT(float x, float y);                          /* 2, 3 */
-void RLCONN(float x, float y);                          /* 2, 3 */
+void CURVE(const float* x, const float* y, int n); /* 2, 3 */
+void POLCRV(const char* mode);                     /* setter: "LINE", "STEP", "STEM", "STAI", ... */
+void SPLMOD(int degree, int points);               /* setter: degree 2..10, points 5..30000 */
+void THKCRV(int thickness);                        /* setter: 1..10000 */
+void MARKER(int symbol);                           /* setter: -1..23 */
+void HSYMBL(int height);                           /* setter: 1..10000 */
+void MRKCLR(int color);                            /* setter */
+void INCMRK(int step);                             /* setter */
+void INCCRV(int n);                                /* setter: 1..32000 */
+void CHNCRV(const char* mode);                     /* setter: "NONE", "COLO", "LINE", "BOTH" */
+void LINCYC(int i, int type);                      /* setter: i 1..30, type 0..7 */
+void CLRCYC(int i, int color);                     /* setter: i 1..30 */
+void GAPCRV(float gap);                            /* setter */
+void GAPSIZ(float gap, const char* axes);          /* setter */
+void NANCRV(const char* mode);                     /* 1..3: "ON", "OFF" */
+void SYMROT(float degrees);                        /* setter */
+void ERRBAR(const float* x, const float* y, const float* e1, const float* e2, int n); /* 2, 3: bars y - e1..y + e2 */
+void MYSYMB(const float* x, const float* y, int n, int symbol, int fill); /* 1..3: own symbol in the square -50..50 */
+void CHNATT(void);                                                        /* 1..3: next attributes of the cycle */
+void RESATT(void);                                                        /* 1..3: first attributes of the cycle */
+void SYMBOL(int symbol, int nx, int ny);                                  /* 1..3 */
+void RLMESS(const char* text, float x, float y);                          /* 2, 3: MESSAG in user coordinates */
+void RLNUMB(float value, int digits, float x, float y);                   /* 2, 3 */
+void RLINE(float x1, float y1, float x2, float y2);                       /* 2, 3 */
+void RLSYMB(int symbol, float x, float y);                                /* 2, 3 */
+void RLSTRT(float x, float y);                                            /* 2, 3 */
+void RLCONN(float x, float y);                                            /* 2, 3 */
 
 #ifdef __cplusplus
 }

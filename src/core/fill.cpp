@@ -33,7 +33,7 @@ void paintSolid(PlotState* s, const float* x, const float* y, int n) {
 
 void fillOnPage(PlotState* s, const float* x, const float* y, int n) {
   if (s->shading.shadePattern != kPatternSolid) return hatchPolygon(s, x, y, n);
-  if (s->line.hardwareShading && qqfill(s, x, y, n)) return;
+  if (s->line.hardwareShading && !isShielded(s) && qqfill(s, x, y, n)) return;
   paintSolid(s, x, y, n);
 }
 

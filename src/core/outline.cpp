@@ -117,7 +117,7 @@ void strokeOutline(PlotState* s, const float* x, const float* y, int n) {
   for (int i = 1; i <= passes; i++) {
     int k = i == passes ? width : kPassStep * i;
     double half = static_cast<double>(k) / 2.0 / static_cast<double>(unit);
-    Pass pass{{s, activeRegion(s), 0.0F, 0.0F, false, false}, half, false, 0.0F, 0.0F};
+    Pass pass{{s, activeRegion(s), 0.0F, 0.0F, false, false, isShielded(s)}, half, false, 0.0F, 0.0F};
     for (bool backwards : {false, true}) {
       Walk walk{x, y, closed ? n - 1 : n, backwards};
       if (closed) {

@@ -31,10 +31,14 @@ struct ClippedPen {
   ClipRegion region;
   float x, y;
   bool inside; // (x, y) lies in the region
-  bool down;   // the pen of the device stands at (x, y)
+  bool down;     // the pen of the device stands at (x, y)
+  bool shielded; // lines are cut at shields
 };
 
-// A segment of which at least one end lies outside.
+// Lines do not enter the shields now.
+inline bool isShielded(const PlotState* s) { return s->shield.shieldCount > 0 && !s->shieldingSuspended; }
+
+// A segment of which at least one end lies outside, or that may meet a shield.
 void drawAcrossEdge(ClippedPen& pen, float x, float y);
 
 inline void moveClipped(ClippedPen& pen, float x, float y) {
@@ -46,7 +50,7 @@ inline void moveClipped(ClippedPen& pen, float x, float y) {
 
 inline void drawClipped(ClippedPen& pen, float x, float y) {
   bool inside = insideRegion(pen.region, x, y);
-  if (inside && pen.inside) {
+  if (inside && pen.inside && !pen.shielded) {
     if (!pen.down) qqpen(pen.s, pen.x, pen.y, kPenMove);
     qqpen(pen.s, x, y, kPenDraw);
     pen.down = true;

@@ -2,6 +2,7 @@
 
 #include "core/page.h"
 #include "core/path.h"
+#include "core/shields.h"
 #include "device/sink.h"
 
 namespace quilla {
@@ -14,9 +15,30 @@ ClipRegion activeRegion(const PlotState* s) {
           {c.clipCenterX, c.clipCenterY, c.clipRadius}};
 }
 
+namespace {
+
+// The parts of a segment outside the shields; down: the pen of the device stands at its start. True if it ends at its
+// end.
+bool drawOutsideShields(PlotState* s, const Segment& part, bool down) {
+  Segment pieces[kShieldPieces];
+  int count = piecesOutsideShields(s, part, pieces);
+  for (int k = 0; k < count; k++) {
+    bool continued = down && k == 0 && pieces[0].x0 == part.x0 && pieces[0].y0 == part.y0;
+    if (!continued) qqpen(s, pieces[k].x0, pieces[k].y0, kPenMove);
+    qqpen(s, pieces[k].x1, pieces[k].y1, kPenDraw);
+  }
+  return count > 0 && pieces[count - 1].x1 == part.x1 && pieces[count - 1].y1 == part.y1;
+}
+
+} // namespace
+
 void drawAcrossEdge(ClippedPen& pen, float x, float y) {
   Segment part{pen.x, pen.y, x, y};
   ClipResult result = clipSegment(pen.region, part);
+  if (result.visible && pen.shielded) {
+    pen.down = drawOutsideShields(pen.s, part, pen.down && !result.firstMoved) && !result.secondMoved;
+    return;
+  }
   if (result.visible) {
     if (!pen.down || result.firstMoved) qqpen(pen.s, part.x0, part.y0, kPenMove);
     qqpen(pen.s, part.x1, part.y1, kPenDraw);
@@ -28,7 +50,7 @@ void sendPath(PlotState* s) {
   PathState& p = s->path;
   if (p.pathCount > 1 && !p.flushRunning) {
     p.flushRunning = true;
-    ClippedPen pen{s, activeRegion(s), 0.0F, 0.0F, false, false};
+    ClippedPen pen{s, activeRegion(s), 0.0F, 0.0F, false, false, isShielded(s)};
     moveClipped(pen, p.pathX[0], p.pathY[0]);
     for (int i = 1; i < p.pathCount; i++) drawClipped(pen, p.pathX[i], p.pathY[i]);
     if (s->line.lineWidthSetting > 1) strokeOutline(s, p.pathX, p.pathY, p.pathCount);

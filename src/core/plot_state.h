@@ -8,6 +8,7 @@
 #include "core/message_group.h"
 #include "core/page_group.h"
 #include "core/shading_group.h"
+#include "core/shield_group.h"
 #include "core/window_group.h"
 #include "device/device_group.h"
 #include "graph2d/axis_group.h"
@@ -35,11 +36,13 @@ struct PlotState {
   TransformGroup transform;
   ShadingGroup shading;
   ColorGroup color;
+  ShieldGroup shield;
   TextGroup text;
   FontGroup font;
   AxisGroup axis;
   MyLabelGroup myLabels;
   CurveGroup curve;
+  IncludeGroup include;
 
   // Working state.
   MessageStreams streams;
@@ -52,6 +55,7 @@ struct PlotState {
   TextState textState;
   ScalingState scaling;
   CycleState cycle;
+  bool shieldingSuspended = false;  // outlines of shields are not cut
   bool internalCoordinates = false; // a routine of the library draws: y of PAGORG is not reversed
 };
 

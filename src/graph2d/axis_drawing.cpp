@@ -247,8 +247,11 @@ void drawName(PlotState* s, const AxisPlace& p, int away) {
   setTextHeight(s, h);
   int length = textLength(s, name);
   setTextHeight(s, height);
-  int room = s->axis.axisLength[p.axis] - length;
-  int start = s->axis.nameJustify[p.axis] == kLeft ? 0 : s->axis.nameJustify[p.axis] == kRight ? room : room / 2;
+  // Where axes cross, the name stands at the part of the axis behind the crossing.
+  int crossing = 0;
+  if (p.skipOrigin) crossing = isUpright(p) ? p.y - s->axis.axisCrossY : s->axis.axisCrossX - p.x;
+  int room = s->axis.axisLength[p.axis] - crossing - length, mode = s->axis.nameJustify[p.axis];
+  int start = crossing + (mode == kLeft ? 0 : mode == kRight ? room : room / 2);
   switch (p.side) {
   case kSideBottom: return textAtWith(s, name, p.x + start, p.y + away, 0, h);
   case kSideTop: return textAtWith(s, name, p.x + start, p.y - away - h + 1, 0, h);

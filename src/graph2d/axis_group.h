@@ -73,6 +73,8 @@ struct AxisGroup {
   int axisSystemKind = kSystemRectangular;
   bool axisCrossed = false;    // AXSTYP "CROS"
   bool axisAdmittance = false; // AXSTYP "ADMI"
+  int polarStart = 0;          // POLMOD: 0 right, 1 top, 2 left, 3 bottom
+  bool polarClockwise = false; // POLMOD
   bool noAxesDrawn = false;
   bool twoAxesOnly = false;
   int frameThickness = 1;

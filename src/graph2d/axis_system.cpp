@@ -10,6 +10,7 @@
 #include "core/pipeline.h"
 #include "device/sink.h"
 #include "graph2d/axis_drawing.h"
+#include "graph2d/polar.h"
 #include "graph2d/scaling.h"
 #include "quilla/quilla.h"
 
@@ -245,6 +246,8 @@ void GRID(int nx, int ny) {
   if (!s) return;
   checkRange(s, nx, 0, -1);
   checkRange(s, ny, 0, -1);
+  if (s->axis.axisSystemKind == kSystemPolar) return drawPolarGrid(s, nx, ny);
+  if (s->axis.axisSystemKind == kSystemRealImaginary) return warnWithText(s, 35, "Routine does not work for GRAFR");
   axisClipOn(s);
   gridLines(s, kAxisX, nx);
   gridLines(s, kAxisY, ny);
@@ -320,14 +323,14 @@ int NYPOSN(float y) {
   return s && hasPlainY(s) ? userY(s, roundHalfUp(plotY(s, y))) : 0;
 }
 
-float X2DPOS(float x, float) {
+float X2DPOS(float x, float y) {
   PlotState* s = strictCheck(2, 3, "x2dpos");
-  return s ? plotX(s, x) : 0.0F;
+  return s ? plotPoint(s, x, y).x : 0.0F;
 }
 
-float Y2DPOS(float, float y) {
+float Y2DPOS(float x, float y) {
   PlotState* s = strictCheck(2, 3, "y2dpos");
-  return s ? userY(s, plotY(s, y)) : 0.0F;
+  return s ? userY(s, plotPoint(s, x, y).y) : 0.0F;
 }
 
 float XINVRS(int nx) {

@@ -205,6 +205,62 @@ float plotY(const PlotState* s, float y) {
   return s->scaling.axisOriginPlotY - (y - s->scaling.axisStart[kAxisY]) * s->scaling.axisFactorY;
 }
 
+double polarDirection(const PlotState* s, double degrees) {
+  constexpr double kRadians = 3.14159265358979323846 / 180.0;
+  double turned = s->axis.polarClockwise ? -degrees : degrees;
+  return (90.0 * s->axis.polarStart + turned) * kRadians;
+}
+
+namespace {
+
+Complex quotient(Complex a, Complex b) {
+  double d = b.re * b.re + b.im * b.im;
+  if (d < static_cast<double>(kTiny)) return {1.0, 0.0}; // the point at infinity of the chart
+  return {(a.re * b.re + a.im * b.im) / d, (a.im * b.re - a.re * b.im) / d};
+}
+
+// The chart of an axis system of the kind of GRAFR is the unit circle of the reflection coefficient.
+PlotPoint chartPoint(const PlotState* s, float re, float im) {
+  Complex r = reflectionOf(s, {static_cast<double>(re), static_cast<double>(im)});
+  double radius = (s->axis.axisLength[kAxisX] - 1) / 2.0;
+  return {static_cast<float>(s->axis.axisCrossX + radius * r.re),
+          static_cast<float>(s->axis.axisCrossY - radius * r.im)};
+}
+
+} // namespace
+
+Complex reflectionOf(const PlotState* s, Complex z) {
+  Complex r = quotient({z.re - 1.0, z.im}, {z.re + 1.0, z.im});
+  return s->axis.axisAdmittance ? Complex{-r.re, -r.im} : r;
+}
+
+Complex impedanceOf(const PlotState* s, Complex r) {
+  if (s->axis.axisAdmittance) r = {-r.re, -r.im};
+  return quotient({1.0 + r.re, r.im}, {1.0 - r.re, -r.im});
+}
+
+PlotPoint plotPoint(const PlotState* s, float x, float y) {
+  if (s->axis.axisSystemKind == kSystemRealImaginary) return chartPoint(s, x, y);
+  if (s->axis.axisSystemKind != kSystemPolar) return {plotX(s, x), plotY(s, y)};
+  double direction = polarDirection(s, static_cast<double>(y));
+  double radius = static_cast<double>(x) * static_cast<double>(s->scaling.axisFactorX);
+  return {static_cast<float>(s->axis.axisCrossX + radius * std::cos(direction)),
+          static_cast<float>(s->axis.axisCrossY - radius * std::sin(direction))};
+}
+
+void placeRoundSystem(PlotState* s) {
+  AxisGroup& a = s->axis;
+  int length = a.axisLength[kAxisX] < a.axisLength[kAxisY] ? a.axisLength[kAxisX] : a.axisLength[kAxisY];
+  a.axisLength[kAxisX] = a.axisLength[kAxisY] = length;
+  if (a.axisOriginGiven) {
+    a.axisPosX = a.axisCrossX - (length - 1) / 2;
+    a.axisPosY = a.axisCrossY + (length - 1) / 2;
+  } else {
+    a.axisCrossX = a.axisPosX + (length - 1) / 2;
+    a.axisCrossY = a.axisPosY - (length - 1) / 2;
+  }
+}
+
 void storeAxisClip(PlotState* s) {
   const AxisGroup& a = s->axis;
   int grace = a.graceMargin, originX = s->page.originX, originY = s->page.originY;
@@ -229,7 +285,9 @@ void axisClipOn(PlotState* s) {
   flushPath(s);
   int saved[4] = {c.clipX0, c.clipY0, c.clipX1, c.clipY1};
   for (int i = 0; i < 4; i++) c.savedClip[i] = saved[i];
-  bool round = c.clipMode == kClipCircle || (c.clipMode == kClipAuto && s->axis.axisSystemKind == kSystemPolar);
+  bool round = c.clipMode == kClipCircle ||
+               (c.clipMode == kClipAuto &&
+                (s->axis.axisSystemKind == kSystemPolar || s->axis.axisSystemKind == kSystemRealImaginary));
   if (round) {
     c.clipIsCircle = c.axisClipActive = true;
     c.clipCenterX = s->scaling.axisCenterX;

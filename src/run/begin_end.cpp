@@ -94,7 +94,7 @@ void QUIINI(void) {
   }
   s->colorState.backgroundMode = resolvedBackground(s);
   startPage(s);
-  s->device = DeviceGroup{.postScript = s->device.postScript, .pdf = s->device.pdf};
+  s->device = DeviceGroup{.postScript = s->device.postScript, .pdf = s->device.pdf, .ply = s->device.ply};
   s->path = PathState{};
   s->dash = DashState{};
   choosePixels(s);

@@ -148,8 +148,12 @@ constexpr ResetRow kResetRows[] = {
      s->text.shiftCharsOn = false;
    }},
     {"EXPZ", nullptr},
-    {"FILB", nullptr},
-    {"FILC", nullptr},
+    {"FILB", [](PlotState* s, const Defaults&) {
+     s->include.fileBoxSet = false;
+   }},
+    {"FILC", [](PlotState* s, const Defaults&) {
+     s->include.ignoreFileColors = false;
+   }},
     {"FIXS", [](PlotState* s, const Defaults&) {
      s->text.fixedSpacingOn = false;
    }},
@@ -235,7 +239,7 @@ constexpr ResetRow kResetRows[] = {
     {"NEWM", [](PlotState* s, const Defaults& d) {
      resetMixCharacters(s, d.text);
    }},
-    {"NOAR", nullptr},
+    {"NOAR", [](PlotState* s, const Defaults&) { s->curve.areaOutlines = true; }},
     {"NOBA", nullptr},
     {"NOBG", nullptr},
     {"NOCH", [](PlotState* s, const Defaults&) {

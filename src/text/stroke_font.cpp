@@ -1,6 +1,8 @@
 // Installing stroke fonts, choosing glyphs, drawing them.
 #include "text/stroke_font.h"
 
+#include <algorithm>
+
 #include "core/pipeline.h"
 #include "text/driver_fonts.h"
 #include "text/stroke_tables.h"
@@ -36,6 +38,14 @@ constexpr FontTables kFonts[] = {
     {kSimplx,
      {{kSimplxPoints, kSimplxIndex, 132}, {nullptr, kSimplxGreekIndex, 95}, kMath, kSlanted, kScript, kCyrillic}},
     {kDuplx, {{kDuplxPoints, kDuplxIndex, 132}, kGreek, kMath, kSlanted, kScript, kCyrillic}},
+    {kTriplx, {{kTriplxPoints, kTriplxIndex, 132}, kGreek, kMath, kSlanted, kScript, kCyrillic}},
+    {kGothic,
+     {{kGothicPoints, kGothicIndex, 95},
+      kGreek,
+      kMath,
+      {kGothicItalianPoints, kGothicItalianIndex, 95},
+      {kGothicGermanPoints, kGothicGermanIndex, 102},
+      kCyrillic}},
 };
 
 constexpr int kFirstOutlineFont = 11;
@@ -176,6 +186,21 @@ float recordWidth(const AlphabetSlot& slot, const std::int16_t* record, float un
     }
   }
   return width;
+}
+
+GlyphHeights recordHeights(const AlphabetSlot& slot, const std::int16_t* record, float unit) {
+  GlyphHeights h = {0.0F, 0.0F};
+  bool first = true;
+  for (int at = 1; at < record[0];) {
+    const StrokeEntry e = readEntry(record, &at, unit);
+    for (int i = 0; e.count > 1 && i < e.count; ++i) { // a stroke of one point only widens the glyph
+      const float y = pointAt(slot, e.start + i).y + e.dy;
+      h.low = first ? y : std::min(h.low, y);
+      h.high = first ? y : std::max(h.high, y);
+      first = false;
+    }
+  }
+  return h;
 }
 
 float glyphWidth(const PlotState* s, const AlphabetSlot& slot, const std::int16_t* record, float unit) {

@@ -11,6 +11,10 @@ extern const std::int16_t kQuialfPoints[], kQuialfIndex[], kQuialfGreekIndex[];
 extern const std::int16_t kSimplxPoints[], kSimplxIndex[], kSimplxGreekIndex[];
 extern const std::int16_t kDuplxPoints[], kDuplxIndex[];
 extern const std::int16_t kComplxPoints[], kComplxIndex[];
+extern const std::int16_t kTriplxPoints[], kTriplxIndex[];
+extern const std::int16_t kGothicPoints[], kGothicIndex[]; // English letters
+extern const std::int16_t kGothicItalianPoints[], kGothicItalianIndex[];
+extern const std::int16_t kGothicGermanPoints[], kGothicGermanIndex[];
 
 // Tables that fonts share: Greek, mathematics, script, Cyrillic; and the italic letters of COMPLX.
 extern const std::int16_t kGreekPoints[], kGreekIndex[];
