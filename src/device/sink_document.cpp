@@ -23,7 +23,6 @@ namespace {
 
 constexpr int kNoMemory = 53, kBadDevice = 161;
 constexpr int kIndexedDepth = 8, kTrueColorDepth = 24;
-constexpr int kRasterLongSide = 853, kRasterShortSide = 603; // pixels of a page whose size in pixels was not told
 
 bool openPostScript(PlotState* s) {
   if (!namePlotFile(s) || !openPlotFile(s)) return false;
@@ -200,9 +199,6 @@ bool hasTrueColors(int deviceNumber) {
 
 bool sinkOpen(PlotState* s) {
   s->device.lineUsed = 0;
-  const bool wide = s->geometry.pageWidth > s->geometry.pageHeight;
-  s->device.pixelWidth = wide ? kRasterLongSide : kRasterShortSide;
-  s->device.pixelHeight = wide ? kRasterShortSide : kRasterLongSide;
   s->device.deviceScale = scaleOfDevice(s);
   s->device.colourDepth = hasTrueColors(s->deviceSetup.deviceNumber) ? kTrueColorDepth : kIndexedDepth;
   s->device.freeDrivers = freeDrivers;
