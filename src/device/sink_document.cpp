@@ -195,10 +195,20 @@ bool hasTrueColors(int deviceNumber) {
   return false;
 }
 
+// Pixels of screens and rasters: as WINDOW or WINSIZ asked for, else lying or upright like the page.
+void choosePixels(PlotState* s) {
+  const WindowSetup& w = s->windowSetup;
+  const bool lying = s->geometry.pageWidth > s->geometry.pageHeight;
+  const bool asked = w.windowPlacementMode != kWindowDefault;
+  s->device.pixelWidth = asked ? w.windowWidth : lying ? kScreenLongSide : kScreenShortSide;
+  s->device.pixelHeight = asked ? w.windowHeight : lying ? kScreenShortSide : kScreenLongSide;
+}
+
 } // namespace
 
 bool sinkOpen(PlotState* s) {
   s->device.lineUsed = 0;
+  choosePixels(s);
   s->device.deviceScale = scaleOfDevice(s);
   s->device.colourDepth = hasTrueColors(s->deviceSetup.deviceNumber) ? kTrueColorDepth : kIndexedDepth;
   s->device.freeDrivers = freeDrivers;
