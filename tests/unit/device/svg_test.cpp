@@ -226,8 +226,6 @@ TEST_F(Svg, FontsOfRows) {
 TEST_F(Svg, TurnedPage) {
   s->pageSetup.pageRotation = kPageTurned;
   s->pageSetup.scaleMode = kScaleFull;
-  s->device.pixelWidth = 603;
-  s->device.pixelHeight = 853;
   ASSERT_TRUE(open(kDeviceSvg, 602, 852));
   // The page is higher than wide, its raster 603 by 853; turned, its height lies across.
   const float scale = 602.0F / 852.0F;
