@@ -252,6 +252,21 @@ void RLSYMB(int symbol, float x, float y);              /* 2, 3 */
 void RLSTRT(float x, float y);                          /* 2, 3 */
 void RLCONN(float x, float y);                          /* 2, 3 */
 
+/* ---- Numeric helpers: arrays of the user alone ----------------------------------------------------------------- */
+
+/* any, 2..3 when it draws: y = a * x + b and correlation r, n at least 2; "NONE", "ALL" draws symbols and line, "LINE"
+ */
+void LINFIT(const float* x, const float* y, int n, float* a, float* b, float* r, const char* option);
+float MOMENT(const float* x, int n, const char* kind);     /* any: "MEAN", "AVER", "VARI", "STAN", "THIR", "FOUR" */
+void SORTR1(float* x, int n, const char* order);           /* any: 'A' ascending, 'D' descending */
+void SORTR2(float* x, float* y, int n, const char* order); /* any: y keeps step with x */
+void TRFCO1(float* x, int n, const char* from, const char* to); /* any: "DEGR", "RADI" */
+/* any: "RECT" x, y; "POLA" radius, angle; "SPHE" longitude, latitude, radius; "CYLI" radius, angle, z; in degrees */
+void TRFCO2(float* x, float* y, int n, const char* from, const char* to);
+void TRFCO3(float* x, float* y, float* z, int n, const char* from, const char* to);
+/* any: bilinear resampling of a matrix with y fast, all sizes at least 2 */
+void TRFMAT(const float* z, int nx, int ny, float* z2, int nx2, int ny2);
+
 #ifdef __cplusplus
 }
 #endif

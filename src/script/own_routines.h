@@ -8,5 +8,6 @@ namespace qsl {
 void run_quiini(const Call& call);
 void run_metafl(const Call& call);
 void run_unit(const Call& call);
+void run_trfmat(const Call& call);
 
 } // namespace qsl
