@@ -252,6 +252,27 @@ void RLSYMB(int symbol, float x, float y);              /* 2, 3 */
 void RLSTRT(float x, float y);                          /* 2, 3 */
 void RLCONN(float x, float y);                          /* 2, 3 */
 
+/* ---- Legends --------------------------------------------------------------------------------------------------- */
+
+/* The text buffer belongs to the caller: lines * length characters. All but LEGTYP and MIXLEG need LEGINI first. */
+void LEGINI(char* buffer, int lines, int length);      /* 1..3: lines 1..80, length 1..256; all settings anew */
+void LEGLIN(char* buffer, const char* text, int line); /* 1..3 */
+void LEGEND(const char* buffer, int corner);           /* 2, 3: corner 1..10, ignored after LEGPOS */
+int NXLEGN(const char* buffer);                        /* 1..3: width of the box with its frame */
+int NYLEGN(const char* buffer);                        /* 1..3: height */
+void LEGTYP(const char* type);                         /* setter, before LEGINI: "VERT", "HORI", "TABL" */
+void LEGTBL(int n, const char* direction);             /* setter: "VERT" n rows, "HORI" n columns */
+void LEGPOS(int nx, int ny);                           /* setter: upper left corner */
+void LEGTIT(const char* title);                        /* setter: "" for no title */
+void LEGVAL(float value, const char* key);             /* setter: "PATT", "MARG", "LINE", "SYMB", "HSPA", "DIST" */
+void LEGOPT(float pattern, float margin, float gap);   /* setter: in character heights */
+void LEGSEL(const int* lines, int n);                  /* setter: n 0..30 lines to draw, -1 all */
+void LEGCLR(void);                                     /* setter: texts in the colours of the curves */
+void LEGBGD(int color);                                /* setter: background, -1 none */
+/* setter: line type or -1, thickness, symbol or -1, colour or -1, pattern or -1 of a line */
+void LEGPAT(int type, int thickness, int symbol, int color, int pattern, int line);
+void MIXLEG(void); /* setter: lines break at the control character of SETMIX */
+
 /* ---- Numeric helpers: arrays of the user alone ----------------------------------------------------------------- */
 
 /* any, 2..3 when it draws: y = a * x + b and correlation r, n at least 2; "NONE", "ALL" draws symbols and line, "LINE"

@@ -7,9 +7,11 @@
 #include "core/line_group.h"
 #include "core/message_group.h"
 #include "core/page_group.h"
+#include "core/shading_group.h"
 #include "device/device_group.h"
 #include "graph2d/axis_group.h"
 #include "graph2d/curve_group.h"
+#include "graph2d/legend_group.h"
 #include "text/text_group.h"
 
 namespace quilla {
@@ -28,12 +30,14 @@ struct PlotState {
   MessageGroup message;
   PageGroup page;
   LineGroup line;
+  ShadingGroup shading;
   ColorGroup color;
   TextGroup text;
   FontGroup font;
   AxisGroup axis;
   MyLabelGroup myLabels;
   CurveGroup curve;
+  LegendGroup legend;
 
   // Working state.
   MessageStreams streams;
@@ -46,6 +50,7 @@ struct PlotState {
   TextState textState;
   ScalingState scaling;
   CycleState cycle;
+  LegendState legendState;
   bool internalCoordinates = false; // a routine of the library draws: y of PAGORG is not reversed
 };
 

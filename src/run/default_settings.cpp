@@ -5,6 +5,7 @@
 #include "core/pipeline.h"
 #include "device/sink.h"
 #include "graph2d/axis_system.h"
+#include "graph2d/legend.h"
 #include "text/text.h"
 
 namespace quilla {
@@ -66,7 +67,11 @@ void applyDefaultSettings(PlotState* s) {
   s->axis = defaultAxisGroup(s);
   s->myLabels = MyLabelGroup{};
   s->curve = defaultCurveGroup(s);
+  s->legend = LegendGroup{};
+  s->legendState.handMode = false;
   resetCycle(s);
+  forgetRecords(s);
+  s->shading = ShadingGroup{};
   s->text = defaultTextGroup(s);
   s->textState = TextState{};
   s->font = FontGroup{};

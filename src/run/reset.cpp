@@ -197,8 +197,13 @@ constexpr ResetRow kResetRows[] = {
     {"LABT", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.labelOrientation, d.axis.labelOrientation);
    }},
-    {"LEGC", nullptr},
-    {"LEGE", nullptr},
+    {"LEGC", [](PlotState* s, const Defaults&) {
+     s->legend.legendColorFromCurve = false;
+   }},
+    {"LEGE", [](PlotState* s, const Defaults&) {
+     s->legend = LegendGroup{};
+     s->legendState.handMode = false;
+   }},
     {"LFTT", nullptr},
     {"LINC", [](PlotState* s, const Defaults& d) {
      copyField(s->curve.lineCycle, d.curve.lineCycle);
@@ -218,7 +223,9 @@ constexpr ResetRow kResetRows[] = {
     {"MIXA", [](PlotState* s, const Defaults&) {
      s->text.mixOn = false;
    }},
-    {"MIXL", nullptr},
+    {"MIXL", [](PlotState* s, const Defaults&) {
+     s->legend.legendMultipleLines = false;
+   }},
     {"MYLA", [](PlotState* s, const Defaults& d) {
      s->myLabels = MyLabelGroup{};
      copyField(s->axis.myLabelCount, d.axis.myLabelCount);

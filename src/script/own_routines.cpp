@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "graph2d/legend.h"
 #include "quilla/quilla.h"
 #include "script/bound_routine.h"
 #include "script/interpreter.h"
@@ -33,6 +34,15 @@ void store_output(int index, Tag type, void* data, std::int64_t count) {
   v.value.data = data;
 }
 
+// Text of operand k as a legend buffer, null after a message if it is shorter than LEGINI made it.
+char* legend_buffer(const Call& call, int k) {
+  const ScriptValue& v = operand_value(k);
+  const bool text = v.type == kString || v.type == kCharArray;
+  if (text && v.count >= quilla::legendBufferLength()) return elements<char>(v);
+  report_error_text("Not enough array elements in", call.name);
+  return nullptr;
+}
+
 } // namespace
 
 void run_quiini(const Call&) {
@@ -59,6 +69,37 @@ void run_trfmat(const Call&) {
   if (!result) return;
   TRFMAT(elements<float>(operand_value(0)), size(1), size(2), result, size(4), size(5));
   store_output(operand_variable(3), kFloatArray, result, nx * ny);
+}
+
+// The buffer is a STRING of the script. The library keeps no pointer to it, so that the script may do with it what it
+// likes.
+void run_legini(const Call&) {
+  const std::int32_t lines = operand_value(1).value.i, length = operand_value(2).value.i;
+  char* buffer = static_cast<char*>(output_memory(lines, length, 1));
+  if (!buffer) return;
+  const std::int64_t count = static_cast<std::int64_t>(lines) * length;
+  LEGINI(buffer, lines, length);
+  store_output(operand_variable(0), kString, buffer, count);
+}
+
+void run_leglin(const Call& call) {
+  char* buffer = legend_buffer(call, 0);
+  if (!buffer) return;
+  Argument<const char*> text(1);
+  LEGLIN(buffer, text.get(), operand_value(2).value.i);
+  text.finish();
+}
+
+void run_legend(const Call& call) {
+  if (const char* buffer = legend_buffer(call, 0)) LEGEND(buffer, operand_value(1).value.i);
+}
+
+void run_nxlegn(const Call& call) {
+  if (const char* buffer = legend_buffer(call, 0)) set_int(*call.result, NXLEGN(buffer));
+}
+
+void run_nylegn(const Call& call) {
+  if (const char* buffer = legend_buffer(call, 0)) set_int(*call.result, NYLEGN(buffer));
 }
 
 } // namespace qsl

@@ -9,5 +9,10 @@ void run_quiini(const Call& call);
 void run_metafl(const Call& call);
 void run_unit(const Call& call);
 void run_trfmat(const Call& call);
+void run_legini(const Call& call);
+void run_leglin(const Call& call);
+void run_legend(const Call& call);
+void run_nxlegn(const Call& call);
+void run_nylegn(const Call& call);
 
 } // namespace qsl

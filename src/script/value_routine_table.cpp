@@ -2,6 +2,7 @@
 #include "quilla/quilla.h"
 #include "script/bound_routine.h"
 #include "script/name_index.h"
+#include "script/own_routines.h"
 
 namespace qsl {
 
@@ -95,10 +96,10 @@ constexpr RoutineRow kValueRoutines[kValueRoutineCount] = {
     bound<"NLMESS", "S", NLMESS>(),
     bound<"NLNUMB", "X,I", NLNUMB>(),
     absent("NWKDAY", "I,I,I"),
-    absent("NXLEGN", "S"),
+    own("NXLEGN", "S", run_nxlegn),
     absent("NXPIXL", "I,I"),
     bound<"NXPOSN", "X", NXPOSN>(),
-    absent("NYLEGN", "S"),
+    own("NYLEGN", "S", run_nylegn),
     absent("NYPIXL", "I,I"),
     bound<"NYPOSN", "X", NYPOSN>(),
     absent("NZPOSN", "X"),

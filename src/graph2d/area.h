@@ -1,0 +1,31 @@
+// Filled and outlined polygons of bars, pies and legends, and the pen attributes that they change.
+#pragma once
+
+#include "core/plot_state.h"
+
+namespace quilla {
+
+// Colour, line and shading that a routine changes and gives back.
+struct KeptPen {
+  int color;
+  LineGroup line;
+  DashState dash;
+  ShadingGroup shading;
+};
+KeptPen keepPen(PlotState* s);
+void restorePen(PlotState* s, const KeptPen& kept);
+
+// Fills the polygon with the current pattern in the fill colour and draws its outline, closed, in the border colour.
+// Plot units; the page origin is added. The colour that is current afterwards is the border colour.
+void drawArea(PlotState* s, const float* x, const float* y, int n, int fillColor, int borderColor);
+
+// Filled rectangle in a plain colour, corners included.
+void fillBox(PlotState* s, int x0, int y0, int x1, int y1, int color);
+
+// Selects a pattern by its number, as SHDPAT does.
+void selectPattern(PlotState* s, int number);
+
+// Pattern of entry i (from 0) of the pattern cycle.
+int cyclePattern(const PlotState* s, int i);
+
+} // namespace quilla
