@@ -197,6 +197,7 @@ void loadColorTable(PlotState* s, int kind) {
   int device = s->deviceSetup.deviceNumber;
   if (device >= 301 && device <= 400) kind = kTableSmall;
   c.tableKind = kind;
+  c.tableFile[0] = 0;
   const int* named = kind == kTableGrey || kind == kTableReverseGrey ? kNamedInGrey : kNamedInColor;
   for (int i = 0; i < kNamedColorCount; i++) c.namedColors[i] = named[i];
   adjustNamedColors(s, kind);

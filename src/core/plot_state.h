@@ -8,10 +8,15 @@
 #include "core/message_group.h"
 #include "core/page_group.h"
 #include "core/shading_group.h"
+#include "core/shield_group.h"
+#include "core/window_group.h"
 #include "device/device_group.h"
+#include "graph2d/area_group.h"
 #include "graph2d/axis_group.h"
+#include "graph2d/bar_group.h"
 #include "graph2d/curve_group.h"
 #include "graph2d/legend_group.h"
+#include "graph2d/pie_group.h"
 #include "text/text_group.h"
 
 namespace quilla {
@@ -25,19 +30,26 @@ struct PlotState {
   PageSetup pageSetup;
   ColorSetup colorSetup;
   DeviceSetup deviceSetup;
+  WindowSetup windowSetup;
+  DateSetup dateSetup;
 
   // Run lifetime: set by the default settings of QUIINI and by RESET("ALL").
   MessageGroup message;
   PageGroup page;
   LineGroup line;
+  TransformGroup transform;
   ShadingGroup shading;
   ColorGroup color;
+  ShieldGroup shield;
   TextGroup text;
   FontGroup font;
   AxisGroup axis;
   MyLabelGroup myLabels;
   CurveGroup curve;
+  AreaGroup area;
   LegendGroup legend;
+  BarGroup bar;
+  PieGroup pie;
 
   // Working state.
   MessageStreams streams;
@@ -51,6 +63,8 @@ struct PlotState {
   ScalingState scaling;
   CycleState cycle;
   LegendState legendState;
+  BarState barState;
+  bool shieldingSuspended = false;  // outlines of shields are not cut
   bool internalCoordinates = false; // a routine of the library draws: y of PAGORG is not reversed
 };
 

@@ -1,8 +1,11 @@
 #include "graph2d/area.h"
 
 #include "core/colors.h"
+#include "core/levels.h"
+#include "core/messages.h"
 #include "core/pipeline.h"
 #include "device/sink.h"
+#include "quilla/quilla.h"
 
 namespace quilla {
 
@@ -27,6 +30,7 @@ void drawArea(PlotState* s, const float* x, const float* y, int n, int fillColor
     fillPolygon(s, x, y, n);
   }
   if (s->color.currentColor != borderColor) setColor(s, borderColor);
+  if (!s->area.outlinesDrawn) return;
   penMove(s, x[0], y[0]);
   for (int i = 1; i < n; i++) penDraw(s, x[i], y[i]);
   penDraw(s, x[0], y[0]);
@@ -37,19 +41,22 @@ void fillBox(PlotState* s, int x0, int y0, int x1, int y1, int color) {
   qqbar(s, static_cast<float>(x0), static_cast<float>(y0), static_cast<float>(x1), static_cast<float>(y1), color);
 }
 
-void selectPattern(PlotState* s, int number) {
-  constexpr int kPredefined[] = {0,     45150, 150450, 135150, 45450, 45151, 135210, 45451, 30140,
-                                 45211, 151,   45310,  70470,  45311, 451,   45210,  100,   550};
-  constexpr int kLast = 17;
-  int code = number <= kLast ? kPredefined[number] : number;
-  ShadingGroup& g = s->shading;
-  g.shadePattern = number;
-  g.shadeAngle = code / 1000 % 180;
-  g.shadeType = code % 1000 / 100;
-  g.shadeDensity = code % 100 / 10;
-  g.shadeCross = code % 2;
+AreaGroup defaultAreaGroup() {
+  constexpr int kPredefined = 17; // patterns
+  AreaGroup g;
+  for (int i = 0; i < kCycleLength; i++) g.patternCycle[i] = i % kPredefined + 1;
+  return g;
 }
 
-int cyclePattern(const PlotState*, int i) { return i % 30 + 1; }
-
 } // namespace quilla
+
+using namespace quilla;
+
+void PATCYC(int i, int pattern) {
+  PlotState* s = setterCheck("patcyc");
+  if (s && !checkRange(s, i, 1, kCycleLength) && !checkRange(s, pattern, 0, -1)) s->area.patternCycle[i - 1] = pattern;
+}
+
+void NOARLN(void) {
+  if (PlotState* s = setterCheck("noarln")) s->area.outlinesDrawn = false;
+}

@@ -22,10 +22,7 @@ void drawArea(PlotState* s, const float* x, const float* y, int n, int fillColor
 // Filled rectangle in a plain colour, corners included.
 void fillBox(PlotState* s, int x0, int y0, int x1, int y1, int color);
 
-// Selects a pattern by its number, as SHDPAT does.
-void selectPattern(PlotState* s, int number);
-
-// Pattern of entry i (from 0) of the pattern cycle.
-int cyclePattern(const PlotState* s, int i);
+// Defaults of the settings: the pattern cycle begins with the predefined patterns.
+AreaGroup defaultAreaGroup();
 
 } // namespace quilla

@@ -4,7 +4,7 @@
 #include "core/levels.h"
 #include "core/messages.h"
 #include "core/page.h"
-#include "graph2d/area.h"
+#include "core/shading.h"
 #include "graph2d/legend.h"
 #include "quilla/quilla.h"
 

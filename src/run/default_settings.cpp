@@ -4,6 +4,7 @@
 #include "core/page.h"
 #include "core/pipeline.h"
 #include "device/sink.h"
+#include "graph2d/area.h"
 #include "graph2d/axis_system.h"
 #include "graph2d/legend.h"
 #include "text/text.h"
@@ -55,6 +56,7 @@ CurveGroup defaultCurveGroup(const PlotState* s) {
 void applyDefaultSettings(PlotState* s) {
   flushPath(s);
   s->line = LineGroup{};
+  s->transform = TransformGroup{};
   setLineType(s, 0);
   s->dash.lineGapSize = 0.0F;
   s->color.currentColor = 0;
@@ -63,10 +65,15 @@ void applyDefaultSettings(PlotState* s) {
   s->message.messageUnit = s->streams.errorFileStream ? kUnitFile : kUnitConsole;
   s->page = PageGroup{};
   s->clip = ClipGroup{};
+  s->shield = ShieldGroup{};
   clipWholePage(s);
   s->axis = defaultAxisGroup(s);
   s->myLabels = MyLabelGroup{};
   s->curve = defaultCurveGroup(s);
+  s->area = defaultAreaGroup();
+  s->bar = BarGroup{};
+  s->barState = BarState{};
+  s->pie = PieGroup{};
   s->legend = LegendGroup{};
   s->legendState.handMode = false;
   resetCycle(s);

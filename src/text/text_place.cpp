@@ -76,7 +76,7 @@ void fillBackground(PlotState* s, const TextExtent& extent) {
   }
   const int color = s->color.currentColor;
   setColor(s, s->text.textBackground);
-  fillPolygon(s, box.x, box.y, 4);
+  fillSolid(s, box.x, box.y, 4);
   setColor(s, color);
 }
 
