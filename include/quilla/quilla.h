@@ -365,6 +365,63 @@ void RLSYMB(int symbol, float x, float y);                                /* 2, 
 void RLSTRT(float x, float y);                                            /* 2, 3 */
 void RLCONN(float x, float y);                                            /* 2, 3 */
 
+/* ---- Bars ------------------------------------------------------------------------------------------------------ */
+
+/* 2, 3: bars from y to y1 at positions x. BARPOS writes into the arrays. Horizontal types take positions on the Y axis.
+ */
+void BARS(float* x, float* y, float* y1, int n);
+/* 2, 3: ticks or candles */
+void FBARS(const float* x, const float* open, const float* high, const float* low, const float* close, int n);
+void BARTYP(const char* type);                  /* setter: "VERT", "HORI", "3DVE", "3DHO"; of FBARS "TICK", "CAND" */
+void BARMOD(const char* mode, const char* key); /* setter: "FIXE", "VARI" for "WIDT" */
+void BARGRP(int n, float gap);                  /* setter: n 1..30 calls side by side; gap: fraction, else plot units */
+void BARWTH(float width);                       /* setter: fraction of the distance of two bars, negative: plot units */
+void BARPOS(const char* mode);                  /* setter: "NONE", "TICK", "AXIS", "BOTH" */
+void CHNBAR(const char* mode);                  /* setter: "NONE", "COLO", "PATT", "BOTH" */
+void BARCLR(int front, int side, int top);      /* setter: -1 current; FBARS: line, falling or left, rising or right */
+void BARBOR(int color);                         /* setter: -1 current */
+void BAROPT(float depth, float angle); /* setter: 3-D bars; depth in plot units, negative: the width of a bar */
+/* Labels of bars: LABELS "NONE", "SECO", "FIRS", "MAXI", "MINI", "DELT", "POSI"; LABPOS "AUTO", "INSI", "OUTS", "LEFT",
+ * "ABOV", "RIGH", "BELO", "CENT"; LABDIG; LABCLR; each with "BARS" in place of the axis string. */
+void LABCLR(int color, const char* chart); /* setter: "BARS", "PIE" */
+void PATCYC(int i, int pattern);           /* setter: i 1..30 */
+
+/* ---- Legends --------------------------------------------------------------------------------------------------- */
+
+/* The text buffer belongs to the caller: lines * length characters. All but LEGTYP and MIXLEG need LEGINI first. */
+void LEGINI(char* buffer, int lines, int length);      /* 1..3: lines 1..80, length 1..256; all settings anew */
+void LEGLIN(char* buffer, const char* text, int line); /* 1..3 */
+void LEGEND(const char* buffer, int corner);           /* 2, 3: corner 1..10, ignored after LEGPOS */
+int NXLEGN(const char* buffer);                        /* 1..3: width of the box with its frame */
+int NYLEGN(const char* buffer);                        /* 1..3: height */
+void LEGTYP(const char* type);                         /* setter, before LEGINI: "VERT", "HORI", "TABL" */
+void LEGTBL(int n, const char* direction);             /* setter: "VERT" n rows, "HORI" n columns */
+void LEGPOS(int nx, int ny);                           /* setter: upper left corner */
+void LEGTIT(const char* title);                        /* setter: "" for no title */
+void LEGVAL(float value, const char* key);             /* setter: "PATT", "MARG", "LINE", "SYMB", "HSPA", "DIST" */
+void LEGOPT(float pattern, float margin, float gap);   /* setter: in character heights */
+void LEGSEL(const int* lines, int n);                  /* setter: n 0..30 lines to draw, -1 all */
+void LEGCLR(void);                                     /* setter: texts in the colours of the curves */
+void LEGBGD(int color);                                /* setter: background, -1 none */
+/* setter: line type or -1, thickness, symbol or -1, colour or -1, pattern or -1 of a line */
+void LEGPAT(int type, int thickness, int symbol, int color, int pattern, int line);
+void MIXLEG(void); /* setter: lines break at the control character of SETMIX */
+
+/* ---- Numeric helpers: arrays of the user alone ----------------------------------------------------------------- */
+
+/* any, 2..3 when it draws: y = a * x + b and correlation r, n at least 2; "NONE", "ALL" draws symbols and line, "LINE"
+ */
+void LINFIT(const float* x, const float* y, int n, float* a, float* b, float* r, const char* option);
+float MOMENT(const float* x, int n, const char* kind);     /* any: "MEAN", "AVER", "VARI", "STAN", "THIR", "FOUR" */
+void SORTR1(float* x, int n, const char* order);           /* any: 'A' ascending, 'D' descending */
+void SORTR2(float* x, float* y, int n, const char* order); /* any: y keeps step with x */
+void TRFCO1(float* x, int n, const char* from, const char* to); /* any: "DEGR", "RADI" */
+/* any: "RECT" x, y; "POLA" radius, angle; "SPHE" longitude, latitude, radius; "CYLI" radius, angle, z; in degrees */
+void TRFCO2(float* x, float* y, int n, const char* from, const char* to);
+void TRFCO3(float* x, float* y, float* z, int n, const char* from, const char* to);
+/* any: bilinear resampling of a matrix with y fast, all sizes at least 2 */
+void TRFMAT(const float* z, int nx, int ny, float* z2, int nx2, int ny2);
+
 #ifdef __cplusplus
 }
 #endif

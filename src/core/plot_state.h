@@ -11,8 +11,12 @@
 #include "core/shield_group.h"
 #include "core/window_group.h"
 #include "device/device_group.h"
+#include "graph2d/area_group.h"
 #include "graph2d/axis_group.h"
+#include "graph2d/bar_group.h"
 #include "graph2d/curve_group.h"
+#include "graph2d/legend_group.h"
+#include "graph2d/pie_group.h"
 #include "text/text_group.h"
 
 namespace quilla {
@@ -43,6 +47,10 @@ struct PlotState {
   MyLabelGroup myLabels;
   CurveGroup curve;
   IncludeGroup include;
+  AreaGroup area;
+  LegendGroup legend;
+  BarGroup bar;
+  PieGroup pie;
 
   // Working state.
   MessageStreams streams;
@@ -55,6 +63,8 @@ struct PlotState {
   TextState textState;
   ScalingState scaling;
   CycleState cycle;
+  LegendState legendState;
+  BarState barState;
   bool shieldingSuspended = false;  // outlines of shields are not cut
   bool internalCoordinates = false; // a routine of the library draws: y of PAGORG is not reversed
 };

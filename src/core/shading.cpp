@@ -1,4 +1,5 @@
-// Public routines of shading patterns.
+#include "core/shading.h"
+
 #include <iterator>
 
 #include "core/levels.h"
@@ -16,16 +17,23 @@ constexpr int kLargestAngle = 179, kLargestType = 7, kLargestDensity = 9;
 
 } // namespace
 
-void SHDPAT(int pattern) {
-  PlotState* s = setterCheck("shdpat");
-  if (!s || checkRange(s, pattern, 0, -1)) return;
-  int code = pattern < static_cast<int>(std::size(kPatternCodes)) ? kPatternCodes[pattern] : pattern;
+namespace quilla {
+
+void selectPattern(PlotState* s, int number) {
+  int code = number < static_cast<int>(std::size(kPatternCodes)) ? kPatternCodes[number] : number;
   ShadingGroup& p = s->shading;
-  p.shadePattern = pattern;
+  p.shadePattern = number;
   p.shadeAngle = code / 1000 % (kLargestAngle + 1);
   p.shadeType = code % 1000 / 100;
   p.shadeDensity = code % 100 / 10;
   p.shadeCross = code % 2;
+}
+
+} // namespace quilla
+
+void SHDPAT(int pattern) {
+  PlotState* s = setterCheck("shdpat");
+  if (s && !checkRange(s, pattern, 0, -1)) selectPattern(s, pattern);
 }
 
 void MYPAT(int angle, int type, int density, int cross) {

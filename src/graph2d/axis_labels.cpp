@@ -83,6 +83,8 @@ void timeLabel(double value, int kind, bool colon, LabelBuilder& out) {
   out.addTwoDigits(s % 60);
 }
 
+} // namespace
+
 int digitsNeeded(double value) {
   constexpr double kTolerances[] = {1e-5, 1e-4, 1e-3, 1e-2, 0.1};
   double x = std::fabs(value), scale = 1.0;
@@ -91,8 +93,6 @@ int digitsNeeded(double value) {
   }
   return 5;
 }
-
-} // namespace
 
 void labelText(const PlotState* s, double value, int index, int axis, int digits, char text[kLabelBuffer]) {
   const AxisGroup& a = s->axis;

@@ -6,6 +6,7 @@
 #include "core/messages.h"
 #include "core/page.h"
 #include "graph2d/axis_string.h"
+#include "graph2d/chart_labels.h"
 #include "quilla/quilla.h"
 
 using namespace quilla;
@@ -40,7 +41,7 @@ void setAxisScale(const char* scale, const char* axes) {
 void setLabelDigits(const char* name, int digits, const char* axes) {
   constexpr int kAutomatic = -2, kMostDigits = 100;
   PlotState* s = setterCheck(name);
-  if (!s || checkRange(s, digits, kAutomatic, kMostDigits)) return;
+  if (!s || checkRange(s, digits, kAutomatic, kMostDigits) || setChartLabelDigits(s, digits, axes)) return;
   eachAxis(axes, [&](int axis) {
     s->axis.labelAutoDigits[axis] = digits == kAutomatic;
     if (digits != kAutomatic) s->axis.labelDigits[axis] = digits;
@@ -221,7 +222,7 @@ void LOGTIC(const char* mode) {
 void LABELS(const char* kind, const char* axes) {
   constexpr const char* kKinds = "NONE+FLOA+EXP +LOG +CLOG+ELOG+MAP +DMAP+LMAP+TIME+HOUR+SECO+MYLA+FEXP+DATE+MAPN+XEXP";
   PlotState* s = setterCheck("labels");
-  if (!s) return;
+  if (!s || setChartLabels(s, kind, axes)) return;
   int found = matchKeyword(s, kKinds, 17, kind);
   if (!found) return;
   eachAxis(axes, [&](int axis) {
@@ -239,7 +240,8 @@ void INTAX(void) {
 }
 
 void LABPOS(const char* position, const char* axes) {
-  if (PlotState* s = setterCheck("labpos"))
+  PlotState* s = setterCheck("labpos");
+  if (s && !setChartLabelPlace(s, position, axes))
     keywordForAxes(s, "TICK+CENT+SHIF", 3, position, axes, s->axis.labelPosition);
 }
 
@@ -250,7 +252,8 @@ void LABJUS(const char* mode, const char* axes) {
 }
 
 void LABTYP(const char* type, const char* axes) {
-  if (PlotState* s = setterCheck("labtyp")) keywordForAxes(s, "HORI+VERT", 2, type, axes, s->axis.labelOrientation);
+  PlotState* s = setterCheck("labtyp");
+  if (s && !setChartLabelType(s, type, axes)) keywordForAxes(s, "HORI+VERT", 2, type, axes, s->axis.labelOrientation);
 }
 
 void LABDIS(int distance, const char* axes) {

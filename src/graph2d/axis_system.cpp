@@ -10,6 +10,7 @@
 #include "core/pipeline.h"
 #include "device/sink.h"
 #include "graph2d/axis_drawing.h"
+#include "graph2d/legend.h"
 #include "graph2d/polar.h"
 #include "graph2d/scaling.h"
 #include "quilla/quilla.h"
@@ -237,6 +238,8 @@ void ENDGRF(void) {
     s->axis.titleUnderlined[line] = false;
   }
   resetCycle(s);
+  forgetRecords(s);
+  s->barState = BarState{};
   s->curve.markerKind = 0;
   s->level.plotLevel = kLevelPlot;
 }

@@ -9,6 +9,7 @@
 #include "core/pipeline.h"
 #include "graph2d/axis_system.h"
 #include "graph2d/curve_path.h"
+#include "graph2d/legend.h"
 #include "graph2d/scaling.h"
 #include "graph2d/symbols.h"
 #include "quilla/quilla.h"
@@ -139,7 +140,7 @@ void CURVE(const float* x, const float* y, int n) {
   KeptAttributes kept = keepAttributes(s);
   s->internalCoordinates = true;
   takeCycleAttributes(s);
-  s->cycle.legendEntryPending = false;
+  if (s->cycle.legendEntryPending) recordCurve(s);
   checkPoints(s, data);
   axisClipOn(s);
   if (s->curve.markerStep != 0) drawSymbols(s, data);

@@ -36,7 +36,6 @@ struct CurveGroup {
   bool gapLimitOn[3] = {};
   float gapLimit[3] = {};
   int nanMode = 0;
-  bool areaOutlines = true; // NOARLN
   float barWidth = 0.75F;
   bool errorBarHorizontal = false; // BARTYP
   float symbolAngle = 0.0F;

@@ -4,7 +4,9 @@
 #include "core/page.h"
 #include "core/pipeline.h"
 #include "device/sink.h"
+#include "graph2d/area.h"
 #include "graph2d/axis_system.h"
+#include "graph2d/legend.h"
 #include "graph2d/symbols.h"
 #include "text/text.h"
 
@@ -65,7 +67,6 @@ void applyDefaultSettings(PlotState* s) {
   flushPath(s);
   s->line = LineGroup{};
   s->transform = TransformGroup{};
-  s->shading = ShadingGroup{};
   setLineType(s, 0);
   s->dash.lineGapSize = 0.0F;
   s->color.currentColor = 0;
@@ -79,8 +80,15 @@ void applyDefaultSettings(PlotState* s) {
   s->axis = defaultAxisGroup(s);
   s->myLabels = MyLabelGroup{};
   s->curve = defaultCurveGroup(s);
+  s->area = defaultAreaGroup();
+  s->bar = BarGroup{};
+  s->barState = BarState{};
+  s->pie = PieGroup{};
+  s->legend = LegendGroup{};
+  s->legendState.handMode = false;
   resetCycle(s);
   s->include = IncludeGroup{};
+  forgetRecords(s);
   s->text = defaultTextGroup(s);
   s->textState = TextState{};
   s->textState.symbolDrawer = drawTextSymbol;

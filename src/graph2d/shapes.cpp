@@ -1,4 +1,5 @@
-#include "graph2d/areas.h"
+// Public routines of filled and outlined shapes.
+#include "graph2d/area.h"
 
 #include <cmath>
 #include <memory>
@@ -42,10 +43,9 @@ struct PointBuffer {
   }
 };
 
-void outline(PlotState* s, const float* x, const float* y, int n) {
-  penMove(s, x[0], y[0]);
-  for (int i = 1; i < n; i++) penDraw(s, x[i], y[i]);
-  if (x[n - 1] != x[0] || y[n - 1] != y[0]) penDraw(s, x[0], y[0]);
+// In the current colour.
+void drawShape(PlotState* s, const float* x, const float* y, int n) {
+  drawArea(s, x, y, n, s->color.currentColor, s->color.currentColor);
   flushPath(s);
 }
 
@@ -64,7 +64,7 @@ void ellipse(PlotState* s, float cx, float cy, float a, float b) {
   PointBuffer p;
   if (!p.reserve(s, kSmoothChords + 1)) return;
   arcPoints(p, cx, cy, a, b, 0.0F, 2.0F * kPi, kSmoothChords + 1);
-  drawArea(s, p.x, p.y, kSmoothChords + 1);
+  drawShape(s, p.x, p.y, kSmoothChords + 1);
 }
 
 // Both curves need logarithms where the axes ask for them.
@@ -81,11 +81,6 @@ bool curveFits(PlotState* s, const float* x, const float* y, int n) {
 
 } // namespace
 
-void drawArea(PlotState* s, const float* x, const float* y, int n) {
-  if (s->shading.shadePattern != kPatternNone) fillPolygon(s, x, y, n);
-  if (s->curve.areaOutlines) outline(s, x, y, n);
-}
-
 } // namespace quilla
 
 using namespace quilla;
@@ -99,7 +94,7 @@ void AREAF(const int* nx, const int* ny, int n) {
     p.x[i] = static_cast<float>(nx[i]);
     p.y[i] = userY(s, static_cast<float>(ny[i]));
   }
-  drawArea(s, p.x, p.y, n);
+  drawShape(s, p.x, p.y, n);
 }
 
 void RLAREA(const float* x, const float* y, int n) {
@@ -112,7 +107,7 @@ void RLAREA(const float* x, const float* y, int n) {
     p.x[i] = point.x;
     p.y[i] = point.y;
   }
-  drawArea(s, p.x, p.y, n);
+  drawShape(s, p.x, p.y, n);
 }
 
 void SHDCRV(const float* x1, const float* y1, int n1, const float* x2, const float* y2, int n2) {
@@ -130,12 +125,8 @@ void SHDCRV(const float* x1, const float* y1, int n1, const float* x2, const flo
     p.y[i] = point.y;
   }
   axisClipOn(s);
-  drawArea(s, p.x, p.y, n1 + n2);
+  drawShape(s, p.x, p.y, n1 + n2);
   axisClipOff(s);
-}
-
-void NOARLN(void) {
-  if (PlotState* s = setterCheck("noarln")) s->curve.areaOutlines = false;
 }
 
 void RECTAN(int nx, int ny, int nw, int nh) {
@@ -144,7 +135,7 @@ void RECTAN(int nx, int ny, int nw, int nh) {
   float x = static_cast<float>(nx), y = static_cast<float>(userY(s, ny));
   float right = x + static_cast<float>(nw) - 1.0F, bottom = y + static_cast<float>(nh) - 1.0F;
   const float xs[] = {x, right, right, x}, ys[] = {y, y, bottom, bottom};
-  drawArea(s, xs, ys, 4);
+  drawShape(s, xs, ys, 4);
 }
 
 void RECFLL(int nx, int ny, int nw, int nh, int color) {
@@ -187,7 +178,7 @@ void RLREC(float x, float y, float width, float height) {
   if (!s) return;
   PlotPoint a = plotPoint(s, x, y), b = plotPoint(s, x + width, y - height);
   const float xs[] = {a.x, b.x, b.x, a.x}, ys[] = {a.y, a.y, b.y, b.y};
-  drawArea(s, xs, ys, 4);
+  drawShape(s, xs, ys, 4);
 }
 
 void RLCIRC(float x, float y, float radius) {
