@@ -301,7 +301,9 @@ constexpr ResetRow kResetRows[] = {
     {"SETS", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.autoScaled, d.axis.autoScaled);
    }},
-    {"SHDC", nullptr},
+    {"SHDC", [](PlotState* s, const Defaults&) {
+     s->text.shadeCharacters = false;
+   }},
     {"SHDP", nullptr},
     {"SHIE", nullptr},
     {"SHLS", nullptr},

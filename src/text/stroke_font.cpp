@@ -16,6 +16,7 @@ struct SlotTables {
   const std::int16_t* points;
   const std::int16_t* index;
   int glyphs;
+  const std::int16_t* ys = nullptr; // of split coordinates, whose x are the points
 };
 struct FontTables {
   int id;
@@ -46,6 +47,10 @@ constexpr FontTables kFonts[] = {
       {kGothicItalianPoints, kGothicItalianIndex, 95},
       {kGothicGermanPoints, kGothicGermanIndex, 102},
       kCyrillic}},
+    {kHelve, {{kHelveX, kHelveIndex, 132, kHelveY}, kGreek, kMath, kSlanted, kScript, kCyrillic}},
+    {kHelves, {{kHelvesX, kHelvesIndex, 132, kHelvesY}, kGreek, kMath, kSlanted, kScript, kCyrillic}},
+    {kHelvet, {{kHelvetX, kHelvetIndex, 132, kHelvetY}, kGreek, kMath, kSlanted, kScript, kCyrillic}},
+    {kSerif, {{kSerifX, kSerifIndex, 132, kSerifY}, kGreek, kMath, kSlanted, kScript, kCyrillic}},
 };
 
 constexpr int kFirstOutlineFont = 11;
@@ -90,6 +95,29 @@ StrokeEntry readEntry(const std::int16_t* record, int* at, float unit) {
   return {-n, start, unit * static_cast<float>(lowByte(d)), unit * static_cast<float>(highByte(d))};
 }
 
+// All contours of a glyph as one polygon: the path goes from the start of the first contour to each other one and back.
+struct GlyphPolygon {
+  float x[kGlyphPolygonLimit], y[kGlyphPolygonLimit];
+  int count = 0;
+  bool overflow = false;
+
+  void add(float px, float py) {
+    overflow = count == kGlyphPolygonLimit;
+    if (overflow) return;
+    x[count] = px;
+    y[count++] = py;
+  }
+};
+
+void fillGlyph(PlotState* s, GlyphPolygon& polygon) {
+  if (polygon.overflow || polygon.count < 3) return;
+  for (int i = 0; i < polygon.count; ++i) {
+    polygon.x[i] -= static_cast<float>(s->page.originX);
+    polygon.y[i] -= static_cast<float>(s->page.originY);
+  }
+  fillPolygon(s, polygon.x, polygon.y, polygon.count);
+}
+
 Point pointAt(const AlphabetSlot& slot, int i) {
   if (slot.alphaPacked)
     return {static_cast<float>(lowByte(slot.alphaX[i])), static_cast<float>(highByte(slot.alphaX[i]))};
@@ -110,9 +138,10 @@ void installFont(PlotState* s, int fontId) {
   for (int i = 0; i < kAlphabetSlots; ++i) {
     const SlotTables& t = font->slots[i];
     AlphabetSlot& slot = group.slots[i];
-    slot.alphaX = slot.alphaY = t.points ? t.points : group.slots[0].alphaX;
+    slot.alphaX = t.points ? t.points : group.slots[0].alphaX;
+    slot.alphaY = !t.points ? group.slots[0].alphaY : t.ys ? t.ys : t.points;
     slot.alphaIndex = t.index ? t.index : group.slots[0].alphaIndex;
-    slot.alphaPacked = true;
+    slot.alphaPacked = t.points ? t.ys == nullptr : group.slots[0].alphaPacked;
     slot.alphaCoordBase = t.points ? coordBase : 0;
     slot.alphaIndexBase = t.index ? indexBase : 0;
     slot.alphaCount = t.glyphs;
@@ -214,6 +243,8 @@ void drawGlyph(PlotState* s, const AlphabetSlot& slot, const std::int16_t* recor
   const float c = s->text.textCos, n = s->text.textSin, slant = s->text.charSlant;
   const float up = t.textUpShift + t.secondUpShift;
   const float cx = t.textCursorX - n * up, cy = t.textCursorY - c * up;
+  const bool filled = !slot.alphaPacked && s->text.shadeCharacters;
+  GlyphPolygon polygon;
   for (int at = 1; at < record[0];) {
     const StrokeEntry e = readEntry(record, &at, unit);
     for (int i = 0; i < e.count; ++i) {
@@ -227,8 +258,12 @@ void drawGlyph(PlotState* s, const AlphabetSlot& slot, const std::int16_t* recor
       } else {
         pathDraw(s, x, y);
       }
+      if (filled && e.count > 1) polygon.add(x, y);
     }
+    const bool later = polygon.count > e.count;
+    if (filled && e.count > 1 && later) polygon.add(polygon.x[0], polygon.y[0]);
   }
+  if (filled) fillGlyph(s, polygon);
 }
 
 } // namespace quilla
