@@ -5,6 +5,7 @@
 
 #include "core/pipeline.h"
 #include "text/driver_fonts.h"
+#include "text/ring_fill.h"
 #include "text/stroke_tables.h"
 #include "text/text.h"
 
@@ -95,28 +96,19 @@ StrokeEntry readEntry(const std::int16_t* record, int* at, float unit) {
   return {-n, start, unit * static_cast<float>(lowByte(d)), unit * static_cast<float>(highByte(d))};
 }
 
-// All contours of a glyph as one polygon: the path goes from the start of the first contour to each other one and back.
-struct GlyphPolygon {
+// The contours of a glyph on the page, kept for its filling.
+struct GlyphRings {
   float x[kGlyphPolygonLimit], y[kGlyphPolygonLimit];
-  int count = 0;
-  bool overflow = false;
+  int ends[kGlyphPolygonLimit];
+  int count = 0, rings = 0;
 
   void add(float px, float py) {
-    overflow = count == kGlyphPolygonLimit;
-    if (overflow) return;
+    if (count == kGlyphPolygonLimit) return;
     x[count] = px;
     y[count++] = py;
   }
+  void close() { ends[rings++] = count; }
 };
-
-void fillGlyph(PlotState* s, GlyphPolygon& polygon) {
-  if (polygon.overflow || polygon.count < 3) return;
-  for (int i = 0; i < polygon.count; ++i) {
-    polygon.x[i] -= static_cast<float>(s->page.originX);
-    polygon.y[i] -= static_cast<float>(s->page.originY);
-  }
-  fillPolygon(s, polygon.x, polygon.y, polygon.count);
-}
 
 Point pointAt(const AlphabetSlot& slot, int i) {
   if (slot.alphaPacked)
@@ -244,7 +236,7 @@ void drawGlyph(PlotState* s, const AlphabetSlot& slot, const std::int16_t* recor
   const float up = t.textUpShift + t.secondUpShift;
   const float cx = t.textCursorX - n * up, cy = t.textCursorY - c * up;
   const bool filled = !slot.alphaPacked && s->text.shadeCharacters;
-  GlyphPolygon polygon;
+  GlyphRings rings;
   for (int at = 1; at < record[0];) {
     const StrokeEntry e = readEntry(record, &at, unit);
     for (int i = 0; i < e.count; ++i) {
@@ -258,12 +250,11 @@ void drawGlyph(PlotState* s, const AlphabetSlot& slot, const std::int16_t* recor
       } else {
         pathDraw(s, x, y);
       }
-      if (filled && e.count > 1) polygon.add(x, y);
+      if (filled && e.count > 1) rings.add(x, y);
     }
-    const bool later = polygon.count > e.count;
-    if (filled && e.count > 1 && later) polygon.add(polygon.x[0], polygon.y[0]);
+    if (filled && e.count > 1) rings.close();
   }
-  if (filled) fillGlyph(s, polygon);
+  if (filled) fillRings(s, rings.x, rings.y, rings.ends, rings.rings);
 }
 
 } // namespace quilla
