@@ -7,6 +7,9 @@
 #include "core/line_group.h"
 #include "core/message_group.h"
 #include "core/page_group.h"
+#include "core/shading_group.h"
+#include "core/shield_group.h"
+#include "core/window_group.h"
 #include "device/device_group.h"
 #include "graph2d/axis_group.h"
 #include "graph2d/curve_group.h"
@@ -23,17 +26,23 @@ struct PlotState {
   PageSetup pageSetup;
   ColorSetup colorSetup;
   DeviceSetup deviceSetup;
+  WindowSetup windowSetup;
+  DateSetup dateSetup;
 
   // Run lifetime: set by the default settings of QUIINI and by RESET("ALL").
   MessageGroup message;
   PageGroup page;
   LineGroup line;
+  TransformGroup transform;
+  ShadingGroup shading;
   ColorGroup color;
+  ShieldGroup shield;
   TextGroup text;
   FontGroup font;
   AxisGroup axis;
   MyLabelGroup myLabels;
   CurveGroup curve;
+  IncludeGroup include;
 
   // Working state.
   MessageStreams streams;
@@ -46,6 +55,7 @@ struct PlotState {
   TextState textState;
   ScalingState scaling;
   CycleState cycle;
+  bool shieldingSuspended = false;  // outlines of shields are not cut
   bool internalCoordinates = false; // a routine of the library draws: y of PAGORG is not reversed
 };
 

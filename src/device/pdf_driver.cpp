@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <new>
 
+#include "device/latin_codes.h"
 #include "device/pdf_writer.h"
 #include "device/sheet.h"
 #include "device/sink.h"
@@ -14,12 +15,6 @@ namespace {
 constexpr float kDotHalf = 0.354F, kDotWidth = 0.708F; // a point is drawn this wide
 constexpr float kThinnest = 0.01F;                     // sides of a rectangle up to this are widened
 constexpr float kDefaultLineWidth = 0.709F;
-
-constexpr int kLastPrivateCode = 187, kFirstAccentCode = 127;
-constexpr unsigned char kWinAnsi[kLastPrivateCode - kFirstAccentCode + 1] = {
-    196, 214, 220, 228, 246, 252, 223, 197, 216, 198, 229, 248, 230, 209, 241, 199, 231, 203, 207, 235, 239,
-    193, 201, 205, 211, 218, 225, 233, 237, 243, 250, 192, 200, 204, 210, 217, 224, 232, 236, 242, 249, 194,
-    202, 206, 212, 219, 226, 234, 238, 244, 251, 195, 227, 213, 245, 221, 253, 255, 161, 191, 169};
 
 void endText(PdfWriter& pdf) {
   if (!pdf.inText) return;
@@ -410,7 +405,7 @@ void pdfGlyph(PdfWriter& pdf, int code, float x, float y, int angle) {
   TextLine line;
   addMatrix(line, x, y, angle);
   if (code < ' ' || code > kLastPrivateCode) code = ' ';
-  if (code >= kFirstAccentCode) code = kWinAnsi[code - kFirstAccentCode];
+  if (code >= kFirstAccentCode) code = kLatinOfPrivate[code - kFirstAccentCode];
   const auto character = static_cast<char>(code);
   addText(line, "(");
   if (code < kFirstAccentCode && character != '(' && character != ')' && character != '\\') {

@@ -37,9 +37,9 @@ void setAxisScale(const char* scale, const char* axes) {
   if (PlotState* s = setterCheck("axsscl")) keywordForAxes(s, "LIN +LOG ", 2, scale, axes, s->axis.axisLogScale);
 }
 
-void setLabelDigits(int digits, const char* axes) {
+void setLabelDigits(const char* name, int digits, const char* axes) {
   constexpr int kAutomatic = -2, kMostDigits = 100;
-  PlotState* s = setterCheck("labdig");
+  PlotState* s = setterCheck(name);
   if (!s || checkRange(s, digits, kAutomatic, kMostDigits)) return;
   eachAxis(axes, [&](int axis) {
     s->axis.labelAutoDigits[axis] = digits == kAutomatic;
@@ -186,6 +186,14 @@ void AXSBGD(int color) {
   if (s && !checkRange(s, color, -1, -2)) s->axis.axisBackgroundColor = color;
 }
 
+void NEGLOG(float value) {
+  PlotState* s = setterCheck("neglog");
+  if (!s) return;
+  if (!(value > 0.0F)) return warnPlain(s, 2);
+  s->axis.negativeLogOn = true;
+  s->axis.negativeLogValue = value;
+}
+
 void TICKS(int n, const char* axes) {
   constexpr int kMostTicks = 1000;
   PlotState* s = setterCheck("ticks");
@@ -223,11 +231,11 @@ void LABELS(const char* kind, const char* axes) {
   });
 }
 
-void LABDIG(int digits, const char* axes) { setLabelDigits(digits, axes); }
-void DIGITS(int digits, const char* axes) { setLabelDigits(digits, axes); }
+void LABDIG(int digits, const char* axes) { setLabelDigits("labdig", digits, axes); }
+void DIGITS(int digits, const char* axes) { setLabelDigits("digits", digits, axes); }
 
 void INTAX(void) {
-  if (strictCheck(1, 3, "intax")) setLabelDigits(-1, "xyz");
+  if (strictCheck(1, 3, "intax")) setLabelDigits("intax", -1, "xyz");
 }
 
 void LABPOS(const char* position, const char* axes) {

@@ -64,6 +64,8 @@ CurveGroup defaultCurveGroup(const PlotState* s) {
 void applyDefaultSettings(PlotState* s) {
   flushPath(s);
   s->line = LineGroup{};
+  s->transform = TransformGroup{};
+  s->shading = ShadingGroup{};
   setLineType(s, 0);
   s->dash.lineGapSize = 0.0F;
   s->color.currentColor = 0;
@@ -72,11 +74,13 @@ void applyDefaultSettings(PlotState* s) {
   s->message.messageUnit = s->streams.errorFileStream ? kUnitFile : kUnitConsole;
   s->page = PageGroup{};
   s->clip = ClipGroup{};
+  s->shield = ShieldGroup{};
   clipWholePage(s);
   s->axis = defaultAxisGroup(s);
   s->myLabels = MyLabelGroup{};
   s->curve = defaultCurveGroup(s);
   resetCycle(s);
+  s->include = IncludeGroup{};
   s->text = defaultTextGroup(s);
   s->textState = TextState{};
   s->textState.symbolDrawer = drawTextSymbol;

@@ -27,6 +27,8 @@ template <class Field> void copyField(Field& target, const Field& source) {
 void restoreClip(PlotState* s) {
   s->clip.clipBorderMode = kBorderPage;
   clipWholePage(s);
+  s->clip.clipIsCircle = s->clip.axisClipActive = false;
+  sendClip(s, 0.0F);
 }
 
 void fillColorCycle(PlotState* s) {
@@ -146,8 +148,12 @@ constexpr ResetRow kResetRows[] = {
      s->text.shiftCharsOn = false;
    }},
     {"EXPZ", nullptr},
-    {"FILB", nullptr},
-    {"FILC", nullptr},
+    {"FILB", [](PlotState* s, const Defaults&) {
+     s->include.fileBoxSet = false;
+   }},
+    {"FILC", [](PlotState* s, const Defaults&) {
+     s->include.ignoreFileColors = false;
+   }},
     {"FIXS", [](PlotState* s, const Defaults&) {
      s->text.fixedSpacingOn = false;
    }},
@@ -229,11 +235,11 @@ constexpr ResetRow kResetRows[] = {
     {"NAME", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.axisName, d.axis.axisName);
    }},
-    {"NEGL", nullptr},
+    {"NEGL", [](PlotState* s, const Defaults&) { s->axis.negativeLogOn = false; }},
     {"NEWM", [](PlotState* s, const Defaults& d) {
      resetMixCharacters(s, d.text);
    }},
-    {"NOAR", nullptr},
+    {"NOAR", [](PlotState* s, const Defaults&) { s->curve.areaOutlines = true; }},
     {"NOBA", nullptr},
     {"NOBG", nullptr},
     {"NOCH", [](PlotState* s, const Defaults&) {
@@ -304,7 +310,11 @@ constexpr ResetRow kResetRows[] = {
     {"SHDC", [](PlotState* s, const Defaults&) {
      s->text.shadeCharacters = false;
    }},
-    {"SHDP", nullptr},
+    {"SHDP", [](PlotState* s, const Defaults&) {
+     float factor = s->shading.shadeFactor;
+     s->shading = ShadingGroup{};
+     s->shading.shadeFactor = factor;
+   }},
     {"SHIE", nullptr},
     {"SHLS", nullptr},
     {"SMXA", [](PlotState* s, const Defaults& d) {
@@ -334,7 +344,7 @@ constexpr ResetRow kResetRows[] = {
     {"TICP", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.tickPosition, d.axis.tickPosition);
    }},
-    {"TIMO", nullptr},
+    {"TIMO", [](PlotState* s, const Defaults&) { s->axis.timeColon = false; }},
     {"TITL", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.titleLine, d.axis.titleLine);
      copyField(s->axis.titleUnderlined, d.axis.titleUnderlined);
@@ -350,9 +360,13 @@ constexpr ResetRow kResetRows[] = {
      s->axis.titleDistance = 0;
    }},
     {"WIDB", nullptr},
-    {"WIND", nullptr},
+    {"WIND", [](PlotState* s, const Defaults&) {
+     s->windowSetup.windowPlacementMode = kWindowDefault;
+   }},
     {"WINM", nullptr},
-    {"WINS", nullptr},
+    {"WINS", [](PlotState* s, const Defaults&) {
+     s->windowSetup.windowPlacementMode = kWindowDefault;
+   }},
     {"ZSCA", nullptr},
 };
 static_assert(sizeof kResetRows / sizeof kResetRows[0] == 130);

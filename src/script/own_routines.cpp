@@ -24,4 +24,16 @@ void run_metafl(const Call& call) {
 
 void run_unit(const Call&) { UNIT(operand_value(0).value.i != 0 ? stdout : nullptr); }
 
+void run_grafr(const Call&) {
+  const int n = operand_value(2).value.i;
+  GRAFR(elements<float>(operand_value(0)), n, elements<float>(operand_value(1)), n);
+}
+
+// Streams are numbers to a script: 0 none, 6 the standard output, 17 the error file.
+void run_getuni(const Call& call) {
+  constexpr int kConsole = 6, kErrorFile = 17;
+  const FILE* stream = GETUNI();
+  set_int(*call.result, !stream ? 0 : stream == stdout ? kConsole : kErrorFile);
+}
+
 } // namespace qsl

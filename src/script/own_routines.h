@@ -8,6 +8,8 @@ namespace qsl {
 void run_quiini(const Call& call);
 void run_metafl(const Call& call);
 void run_unit(const Call& call);
+void run_grafr(const Call& call); // one count for both arrays
+void run_getuni(const Call& call);
 void run_utfint(const Call& call);
 void run_intutf(const Call& call);
 

@@ -162,7 +162,7 @@ void release_slot(int index) {
 }
 
 void free_variable(int index) {
-  if (slot_in_use(index)) release_slot(index);
+  if (index >= 0 && slot_in_use(index)) release_slot(index);
 }
 
 void move_value(ScriptValue& target, ScriptValue& value) {
@@ -176,8 +176,12 @@ void move_value(ScriptValue& target, ScriptValue& value) {
 }
 
 void free_level(int level) {
-  for (int i = 0; i < kVariables; ++i)
-    if (slot_in_use(i) && variable(i).level == level) free_variable(i);
+  for (int word = 0; word < kSlotWords; ++word) {
+    for (std::uint64_t used = interp.variables.used[word]; used != 0; used &= used - 1) {
+      const int index = word * 64 + std::countr_zero(used);
+      if (variable(index).level == level) release_slot(index);
+    }
+  }
 }
 
 int store_value(ScriptValue& value, int index) {

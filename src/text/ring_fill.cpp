@@ -121,11 +121,11 @@ void fillRings(PlotState* s, const float* x, const float* y, const int* ends, in
       if (depths[k] != depth + 1 || r.size(k) < 3 || !contains(r, i, k)) continue;
       joinHole(p, spare, r, k, (signedArea(r, k) > 0.0) == positive);
     }
-    for (int k = 0; k < p.count; ++k) { // fillPolygon adds ORIGIN
+    for (int k = 0; k < p.count; ++k) { // fillSolid adds ORIGIN
       p.x[k] -= originX;
       p.y[k] -= originY;
     }
-    fillPolygon(s, p.x, p.y, p.count);
+    fillSolid(s, p.x, p.y, p.count);
   }
 }
 

@@ -8,6 +8,7 @@
 #include "core/messages.h"
 #include "core/page.h"
 #include "core/pipeline.h"
+#include "core/shields.h"
 #include "device/sink.h"
 #include "quilla/quilla.h"
 #include "text/coding.h"
@@ -87,7 +88,7 @@ void fillBackground(PlotState* s, const TextExtent& extent) {
   }
   const int color = s->color.currentColor;
   setColor(s, s->text.textBackground);
-  fillPolygon(s, box.x, box.y, 4);
+  fillSolid(s, box.x, box.y, 4);
   setColor(s, color);
 }
 
@@ -100,6 +101,17 @@ void drawFrame(PlotState* s, const TextExtent& extent) {
     pathMove(s, box.x[3], box.y[3]);
     for (int k = 0; k < 4; ++k) pathDraw(s, box.x[k], box.y[k]);
   }
+}
+
+// Lines that are drawn later keep out of the box of a text (SHIELD "MESS").
+void shieldText(PlotState* s, const TextExtent& extent) {
+  const TextBox box = boxAround(s, extent, 0.0F);
+  const float width = std::hypot(box.x[1] - box.x[0], box.y[1] - box.y[0]);
+  const float height = std::hypot(box.x[3] - box.x[0], box.y[3] - box.y[0]);
+  const int angle = roundHalfUp(static_cast<float>(s->text.textAngle % 360) * kDegToRad * 1000.0F);
+  const int data[] = {roundHalfUp(box.x[3]), roundHalfUp(box.y[3]), roundHalfUp(width), roundHalfUp(height), angle};
+  const bool upright = angle == 0;
+  addShield(s, upright ? kShieldRectangle : kShieldTurned, kShieldMessages, std::span(data).first(upright ? 4 : 5));
 }
 
 void warnOutOfPage(PlotState* s, const char* what, int x, int y) {
@@ -165,7 +177,8 @@ void textAt(PlotState* s, const char* text, int x, int y) {
   const int count = decodeText(s, text);
   if (count == 0) return;
   TextExtent extent = {};
-  const bool boxed = s->text.textBackground >= 0 || s->text.textBoxFrame != 0;
+  const bool shielded = s->shield.shieldAreaOn[kShieldMessages - 1];
+  const bool boxed = s->text.textBackground >= 0 || s->text.textBoxFrame != 0 || shielded;
   if ((s->text.texOn || boxed) && !measure(s, count, &extent)) return;
   placeCursor(s, x, y);
   if (s->text.textBackground >= 0) fillBackground(s, extent);
@@ -179,6 +192,7 @@ void textAt(PlotState* s, const char* text, int x, int y) {
   warnOutOfPage(s, "Endpoint", roundHalfUp(t.textCursorX - t.gap * s->text.textCos),
                 roundHalfUp(t.textCursorY + t.gap * s->text.textSin));
   if (s->text.textBoxFrame != 0) drawFrame(s, extent);
+  if (shielded) shieldText(s, extent);
 }
 
 void textAtWith(PlotState* s, const char* text, int x, int y, int angle, int height) {
