@@ -196,6 +196,11 @@ void COMPLX(void);
 void DUPLX(void);
 void TRIPLX(void);
 void GOTHIC(void);
+void HELVE(void); /* 1..3: outline fonts: plain, narrow, bold, and with serifs */
+void HELVES(void);
+void HELVET(void);
+void SERIF(void);
+void SHDCHA(void);                                    /* setter: outline fonts are filled */
 void PSFONT(const char* name);                        /* 1..3: a standard PostScript font, on devices that have them */
 void HWFONT(void);                                    /* 1..3: the device's standard font, else COMPLX */
 void MESSAG(const char* text, int nx, int ny);        /* 1..3: upper left corner; (999, 999) continues */

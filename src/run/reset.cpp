@@ -352,7 +352,9 @@ constexpr ResetRow kResetRows[] = {
     {"SETS", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.autoScaled, d.axis.autoScaled);
    }},
-    {"SHDC", nullptr},
+    {"SHDC", [](PlotState* s, const Defaults&) {
+     s->text.shadeCharacters = false;
+   }},
     {"SHDP", [](PlotState* s, const Defaults&) {
      float factor = s->shading.shadeFactor;
      s->shading = ShadingGroup{};

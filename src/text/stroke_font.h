@@ -9,6 +9,8 @@ namespace quilla {
 
 inline constexpr int kBlankOrdinal = 1;
 inline constexpr float kLineFontUnit = 0.5F; // unit of the offsets of shared strokes
+inline constexpr float kOutlineFontUnit = 2.0F;
+inline constexpr int kGlyphPolygonLimit = 200; // points of a filled glyph
 inline constexpr float kFixedSpacingCell = 1.4F;
 
 // Makes an alphabet (1 to 6) current and computes its scales and gap, if it is not the last one. With a PostScript font

@@ -17,7 +17,18 @@ inline constexpr int kTabCount = 20;
 inline constexpr int kCommandLength = 20;
 
 enum FontKind : int { kFontStroke = 0, kFontPostScript = 1, kFontWindows = 2, kFontBitmap = 3, kFontTrueType = 4 };
-enum FontId : int { kQuialf = 1, kComplx = 3, kSimplx = 4, kDuplx = 5, kTriplx = 6, kGothic = 7 };
+enum FontId : int {
+  kQuialf = 1,
+  kComplx = 3,
+  kSimplx = 4,
+  kDuplx = 5,
+  kTriplx = 6,
+  kGothic = 7,
+  kHelve = 11,
+  kHelves = 12,
+  kHelvet = 13,
+  kSerif = 14
+};
 enum Alphabet : int {
   kAlphabetStandard = 1,
   kAlphabetGreek = 2,

@@ -68,6 +68,16 @@ void DUPLX() { chooseFont("duplx", kDuplx); }
 void TRIPLX() { chooseFont("triplx", kTriplx); }
 void GOTHIC() { chooseFont("gothic", kGothic); }
 
+void HELVE() { chooseFont("helve", kHelve); }
+void HELVES() { chooseFont("helves", kHelves); }
+void HELVET() { chooseFont("helvet", kHelvet); }
+void SERIF() { chooseFont("serif", kSerif); }
+
+void SHDCHA() {
+  PlotState* s = setterCheck("shdcha");
+  if (s) s->text.shadeCharacters = true;
+}
+
 void HEIGHT(int height) {
   PlotState* s = strictCheck(kLevelPlot, kLevelAxis3D, "height");
   if (!s || checkRange(s, height, 1, kHighestHeight) != 0) return;

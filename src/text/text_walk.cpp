@@ -137,13 +137,13 @@ void strokeCharacter(PlotState* s, int alphabet, int ordinal) {
 
   const AlphabetSlot& slot = s->font.slots[s->font.currentAlphabet - 1];
   const std::int16_t* record = glyphRecord(slot, choice.ordinal);
-  const float width =
-      record ? glyphWidth(s, slot, record, kLineFontUnit) : static_cast<float>(s->font.blankWidth) * t.scaleX;
-  if (t.measureInk) measureStrokes(s, slot, record, kLineFontUnit);
+  const float unit = slot.alphaPacked ? kLineFontUnit : kOutlineFontUnit;
+  const float width = record ? glyphWidth(s, slot, record, unit) : static_cast<float>(s->font.blankWidth) * t.scaleX;
+  if (t.measureInk) measureStrokes(s, slot, record, unit);
   const float cell = s->text.fixedSpacingOn ? fixedCell(s) : width;
   const float before = (cell - width) / 2.0F;
   moveForward(s, before);
-  if (record && !t.textMeasure) drawGlyph(s, slot, record, kLineFontUnit);
+  if (record && !t.textMeasure) drawGlyph(s, slot, record, unit);
   moveForward(s, -before);
   advance(s, cell, t.gap);
 }
