@@ -49,13 +49,18 @@ void putPoint(PdfWriter& pdf, float x, float y, char operation) {
   }
 }
 
+void setLineWidth(PdfWriter& pdf, float width);
+
 void drawTo(PdfWriter& pdf, float x, float y) {
   float half = 0.0F;
   if (x == pdf.lastX && y == pdf.lastY) {
     if (pdf.penState == 2) return;
     half = kDotHalf;
   }
-  if (pdf.penState == 3) putPoint(pdf, pdf.lastX - half, pdf.lastY, 'm');
+  if (pdf.penState == 3) {
+    if (pdf.paint.hairLine && !pdf.filling) setLineWidth(pdf, pdf.paint.lineWidth);
+    putPoint(pdf, pdf.lastX - half, pdf.lastY, 'm');
+  }
   putPoint(pdf, x + half, y, 'l');
   pdf.lastX = x;
   pdf.lastY = y;
@@ -129,6 +134,7 @@ void putSetting(PdfWriter& pdf, int value, std::string_view operation) {
 void setLineWidth(PdfWriter& pdf, float width) {
   putNumber(pdf, static_cast<double>(width), 3, " w\n");
   pdf.paint.lineWidth = width;
+  pdf.paint.hairLine = false;
 }
 
 void setLineCap(PdfWriter& pdf, int cap) {
@@ -149,6 +155,7 @@ void setMiterLimit(PdfWriter& pdf, float limit) {
 // Writes again what differs from the graphics state that is in force.
 void restorePaint(PdfWriter& pdf, const PdfPaint& inForce) {
   const PdfPaint wanted = pdf.paint;
+  pdf.paint.hairLine = inForce.hairLine;
   pdf.paint.fillR = inForce.fillR;
   pdf.paint.fillG = inForce.fillG;
   pdf.paint.fillB = inForce.fillB;
@@ -331,11 +338,28 @@ void pdfColor(PdfWriter& pdf, int r, int g, int b) {
   setFill(pdf, r, g, b);
 }
 
+namespace {
+
+// The outline of a polygon in its own colour, as thin as the viewer can draw: it covers the seams that viewers leave
+// between neighbours.
+void strokeOutline(PdfWriter& pdf, const float* x, const float* y, int n) {
+  if (!pdf.paint.hairLine) pdfPut(pdf, "0 w\n");
+  pdf.paint.hairLine = true;
+  putPoint(pdf, x[0], y[0], 'm');
+  for (int i = 1; i < n; ++i) putPoint(pdf, x[i], y[i], 'l');
+  pdfPut(pdf, "s\n");
+}
+
+} // namespace
+
 void pdfFill(PdfWriter& pdf, const float* x, const float* y, int n) {
   pdfPen(pdf, x[0], y[0], kPenMove);
   followStroke(pdf);
+  if (n > 2) strokeOutline(pdf, x, y, n);
+  pdf.filling = true;
   for (int i = 1; i < n; ++i) drawTo(pdf, x[i], y[i]);
   if (pdf.pathOpen) pdfPen(pdf, 0.0F, 0.0F, kPdfFillPath);
+  pdf.filling = false;
 }
 
 void pdfRectangle(PdfWriter& pdf, float x, float y, float width, float height, int r, int g, int b) {

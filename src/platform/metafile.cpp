@@ -13,7 +13,8 @@ namespace {
 
 constexpr int kObjectLimit = 16;
 constexpr int kBufferSize = 65536;
-constexpr std::uint32_t kPatternCopy = 0x00F00021; // raster operation that paints with the brush alone
+constexpr int kSolid = 0, kNoLine = 5;              // styles of pens
+constexpr std::uint32_t kStockNullPen = 0x80000008; // of every EMF: draws nothing
 
 enum WmfFunction : int {
   kWmfEnd = 0x0000,
@@ -27,8 +28,7 @@ enum WmfFunction : int {
   kWmfMoveTo = 0x0214,
   kWmfPen = 0x02FA,
   kWmfBrush = 0x02FC,
-  kWmfPolygon = 0x0324,
-  kWmfPatternFill = 0x061D
+  kWmfPolygon = 0x0324
 };
 
 enum EmfRecord : std::uint32_t {
@@ -44,13 +44,13 @@ enum EmfRecord : std::uint32_t {
   kEmfPen = 38,
   kEmfBrush = 39,
   kEmfDelete = 40,
-  kEmfLineTo = 54,
-  kEmfBitBlock = 76
+  kEmfLineTo = 54
 };
 
-// The display that coordinates of an EMF refer to: 96 pixels an inch.
-constexpr int kDisplayPixelsX = 1920, kDisplayPixelsY = 1200;
-constexpr int kDisplayMicrometersX = 508000, kDisplayMicrometersY = 317500;
+// The display that coordinates of an EMF refer to: 96 pixels an inch. Its sides are whole millimetres, which is all
+// that some readers look at.
+constexpr int kDisplayPixelsX = 1920, kDisplayPixelsY = 1440;
+constexpr int kDisplayMicrometersX = 508000, kDisplayMicrometersY = 381000;
 
 constexpr int kWmfHeaderSize = 18, kPlaceableSize = 22, kEmfHeaderSize = 108;
 constexpr int kDescriptionLimit = 64; // characters
@@ -64,6 +64,9 @@ struct Metafile {
   bool placeable = false;
   bool objectUsed[kObjectLimit] = {};
   int objectPeak = 0;
+  bool objectIsPen[kObjectLimit] = {};
+  int selectedPen = kNoMetafileObject;
+  int nullPen = kNoMetafileObject; // WMF: made for the first rectangle
   std::uint32_t largestRecord = 0; // WMF, in words
   std::uint32_t recordCount = 0;   // EMF
   std::uint32_t bytesWritten = 0;
@@ -217,7 +220,7 @@ void putEmfHeader(Metafile& m, std::uint32_t fileBytes) {
   putSigned(m, kDisplayPixelsX);
   putSigned(m, kDisplayPixelsY);
   putSigned(m, kDisplayMicrometersX / 1000);
-  putSigned(m, (kDisplayMicrometersY + 500) / 1000);
+  putSigned(m, kDisplayMicrometersY / 1000);
   for (int i = 0; i < 3; ++i) putLong(m, 0); // no pixel format, no OpenGL
   putSigned(m, kDisplayMicrometersX);
   putSigned(m, kDisplayMicrometersY);
@@ -281,24 +284,33 @@ void metafileWindowExtent(Metafile& m, int width, int height) {
   wmfRecord(m, kWmfWindowExtent, {limited(height), limited(width)});
 }
 
-int metafilePen(Metafile& m, int width, int r, int g, int b) {
-  constexpr int kSolid = 0;
+namespace {
+
+int penOfStyle(Metafile& m, int style, int width, int r, int g, int b) {
   const int object = newObject(m);
   if (object == kNoMetafileObject) return object;
+  m.objectIsPen[object] = true;
   const std::uint32_t color = colorRef(r, g, b);
-  m.penWidth = width;
   if (m.enhanced) {
-    emfRecord(m, kEmfPen, {handleOf(object), kSolid, static_cast<std::uint32_t>(width), 0, color});
+    emfRecord(m, kEmfPen,
+              {handleOf(object), static_cast<std::uint32_t>(style), static_cast<std::uint32_t>(width), 0, color});
   } else {
-    wmfRecord(m, kWmfPen, {kSolid, limited(width), 0, static_cast<int>(color & 0xFFFF), static_cast<int>(color >> 16)});
+    wmfRecord(m, kWmfPen, {style, limited(width), 0, static_cast<int>(color & 0xFFFF), static_cast<int>(color >> 16)});
   }
   return object;
 }
 
+} // namespace
+
+int metafilePen(Metafile& m, int width, int r, int g, int b) {
+  m.penWidth = width;
+  return penOfStyle(m, kSolid, width, r, g, b);
+}
+
 int metafileBrush(Metafile& m, int r, int g, int b) {
-  constexpr int kSolid = 0;
   const int object = newObject(m);
   if (object == kNoMetafileObject) return object;
+  m.objectIsPen[object] = false;
   const std::uint32_t color = colorRef(r, g, b);
   if (m.enhanced) {
     emfRecord(m, kEmfBrush, {handleOf(object), kSolid, color, 0});
@@ -310,6 +322,7 @@ int metafileBrush(Metafile& m, int r, int g, int b) {
 
 void metafileSelect(Metafile& m, int object) {
   if (!objectExists(m, object)) return;
+  if (m.objectIsPen[object]) m.selectedPen = object;
   if (m.enhanced) return emfRecord(m, kEmfSelect, {handleOf(object)});
   wmfRecord(m, kWmfSelect, {object});
 }
@@ -317,6 +330,7 @@ void metafileSelect(Metafile& m, int object) {
 void metafileDelete(Metafile& m, int object) {
   if (!objectExists(m, object)) return;
   m.objectUsed[object] = false;
+  if (object == m.selectedPen) m.selectedPen = kNoMetafileObject;
   if (m.enhanced) return emfRecord(m, kEmfDelete, {handleOf(object)});
   wmfRecord(m, kWmfDelete, {object});
 }
@@ -374,24 +388,22 @@ void metafilePolygon(Metafile& m, const MetafilePoint* points, int n) {
   }
 }
 
+// As a polygon without an outline: the records that paint with the brush alone are unknown to many readers.
 void metafileRectangle(Metafile& m, int left, int top, int right, int bottom) {
-  if (!m.enhanced) {
-    constexpr int kLow = kPatternCopy & 0xFFFF, kHigh = kPatternCopy >> 16;
-    wmfRecord(m, kWmfPatternFill,
-              {kLow, kHigh, limited(bottom - top), limited(right - left), limited(top), limited(left)});
-    return;
+  const MetafilePoint corners[] = {{left, top}, {right, top}, {right, bottom}, {left, bottom}};
+  const int pen = m.selectedPen;
+  if (m.enhanced) {
+    emfRecord(m, kEmfSelect, {kStockNullPen});
+  } else {
+    if (m.nullPen == kNoMetafileObject) m.nullPen = penOfStyle(m, kNoLine, 1, 0, 0, 0);
+    metafileSelect(m, m.nullPen);
   }
-  widenBounds(m, left, top, 0);
-  widenBounds(m, right - 1, bottom - 1, 0);
-  constexpr std::uint32_t kParameterBytes = 92, kOne = 0x3F800000; // 1.0
-  startEmf(m, kEmfBitBlock, kParameterBytes);
-  putBounds(m, left, top, right - 1, bottom - 1);
-  putBounds(m, left, top, right - left, bottom - top);
-  putLong(m, kPatternCopy);
-  putLong(m, 0); // no source: its place, the unit transform, its colour and its bytes
-  putLong(m, 0);
-  for (std::uint32_t element : {kOne, 0U, 0U, kOne, 0U, 0U}) putLong(m, element);
-  for (int i = 0; i < 6; ++i) putLong(m, 0);
+  const int width = m.penWidth;
+  m.penWidth = 0;
+  metafilePolygon(m, corners, 4);
+  m.penWidth = width;
+  if (pen != kNoMetafileObject) metafileSelect(m, pen);
+  m.selectedPen = pen;
 }
 
 void metafileFlush(Metafile& m) { flush(m); }
