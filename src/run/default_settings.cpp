@@ -89,6 +89,7 @@ void applyDefaultSettings(PlotState* s) {
   resetCycle(s);
   s->include = IncludeGroup{};
   forgetRecords(s);
+  s->shading = ShadingGroup{};
   s->text = defaultTextGroup(s);
   s->textState = TextState{};
   s->textState.symbolDrawer = drawTextSymbol;

@@ -38,6 +38,7 @@ std::string dummyOperand(std::string_view field, int position) {
   if (field == "FR") return "FALLOC(8)";
   if (field == "IR") return "IALLOC(8)";
   if (field == "BR" || field == "AR") return "BYTE(IALLOC(8))";
+  if (field == "V") return "VAR";
   return "OUT" + std::to_string(position);
 }
 
@@ -45,7 +46,8 @@ std::string callOf(const RoutineRow& row, bool hasValue) {
   std::string text = hasValue ? std::string("RESULT = ") + row.name + "(" : std::string(row.name) + "(";
   for (int k = 0; k < signature_length(row.signature); ++k)
     text += (k > 0 ? "," : "") + dummyOperand(signature_field(row.signature, k), k);
-  return text + ")\n";
+  const bool namesVariable = std::string_view(row.signature).starts_with("V");
+  return (namesVariable ? "VAR = 'text'\n" : "") + text + ")\n";
 }
 
 class LevelClasses : public Script {
