@@ -168,7 +168,6 @@ struct StackState {
   ScriptValue entries[kOperands];
   int count;
   bool overflow; // an operand did not fit: the statement is given up
-  int argument_mode;
 };
 
 // data_file.cpp
