@@ -9,13 +9,21 @@ namespace {
 long allocations = 0;
 }
 
-[[gnu::noinline]] void* operator new(std::size_t size) {
+// All forms, so that none of them meets the memory of another allocator.
+[[gnu::noinline]] void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
   allocations++;
-  if (void* memory = std::malloc(size ? size : 1)) return memory;
+  return std::malloc(size ? size : 1);
+}
+[[gnu::noinline]] void* operator new(std::size_t size) {
+  if (void* memory = operator new(size, std::nothrow)) return memory;
   std::abort();
 }
+void* operator new[](std::size_t size) { return operator new(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return operator new(size, std::nothrow); }
 [[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { operator delete(memory); }
+void operator delete[](void* memory) noexcept { operator delete(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { operator delete(memory); }
 
 using namespace quilla;
 
