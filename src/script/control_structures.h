@@ -2,7 +2,7 @@
 // first token, with the tokeniser behind the second, and claims the statement or passes it on.
 #pragma once
 
-#include "script/interpreter.h"
+#include "script/expression_code.h"
 
 namespace qsl {
 
@@ -17,6 +17,16 @@ void run_label(const char* name);
 void run_goto();
 void run_break();
 void run_continue();
+
+// The same constructs with what their text decides: conditions and bounds as code.
+// A one-line IF: whether the statement behind it runs.
+bool if_condition_holds(const Code& condition);
+void run_block_if(const Code& condition);
+void run_plain_else();
+void run_end_if();
+void begin_do(const char* name, const Code& bounds);
+void begin_while(const Code& condition, const char* text);
+void end_loop(LoopKind kind);
 
 // END and the word behind it, which has just been read.
 bool ends_construct(const char* first, const char* word);

@@ -98,4 +98,11 @@ void assign_elements(const char* name) {
   }
 }
 
+void assign_selected(const KnownName& name, const Code& subscripts, const Code& expression) {
+  const int index = find_known(name);
+  if (index < 0) return report_error_text("Undefined variable", name.text);
+  SubscriptList list;
+  if (run_subscripts(subscripts, list)) assign_selection(index, name.text, list, expression);
+}
+
 } // namespace qsl

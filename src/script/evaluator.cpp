@@ -1,6 +1,7 @@
 #include "script/evaluator.h"
 
 #include "script/builtin_functions.h"
+#include "script/decided_statement.h"
 #include "script/numbers.h"
 #include "script/operators.h"
 #include "script/report.h"
@@ -230,7 +231,7 @@ bool run_subscripts(const Code& code, SubscriptList& list) {
 }
 
 int evaluate(bool alias_mode) {
-  Code* code = compile_list(alias_mode);
+  Code* code = code_at_token(alias_mode);
   if (!code) {
     clear_stack(0);
     return 0;
@@ -238,7 +239,7 @@ int evaluate(bool alias_mode) {
   const TokenState behind = interp.token;
   const int n = run_list(*code);
   interp.token = behind;
-  free_code(code);
+  release_code(code);
   return n;
 }
 

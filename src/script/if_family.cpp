@@ -56,9 +56,8 @@ bool pass_condition() {
   return true;
 }
 
-// Evaluates the condition; its ')' is the current token. False after a message.
-bool evaluate_condition(bool& truth) {
-  const int n = evaluate(false);
+// The truth of the condition on the operand stack. False after a message.
+bool take_condition(int n, bool& truth) {
   bool good = n > 0 && operand(0).type != kFree;
   if (good && operand(0).type != kInt) {
     report_error("Non integer value of logical expression");
@@ -66,17 +65,26 @@ bool evaluate_condition(bool& truth) {
   }
   truth = good && operand(0).value.i != 0;
   clear_stack(0);
-  if (good && token() != ')') {
-    if (token() != kErrorToken) report_error_char("Syntax error - Expected", ')');
-    good = false;
-  }
   return good;
 }
 
+// Evaluates the condition; its ')' is the current token. False after a message.
+bool evaluate_condition(bool& truth) {
+  if (!take_condition(evaluate(false), truth)) return false;
+  if (token() == ')') return true;
+  if (token() != kErrorToken) report_error_char("Syntax error - Expected", ')');
+  return false;
+}
+
+// Whether one more IF fits. False after a message.
+bool may_nest() {
+  if (interp.control.if_depth < kNestedIfs) return true;
+  report_error("Max. number of nested IF statements is reached");
+  return false;
+}
+
 void run_if(const char* text) {
-  ControlState& c = interp.control;
-  if (c.if_depth == kNestedIfs) return report_error("Max. number of nested IF statements is reached");
-  if (!enter_condition(text)) return;
+  if (!may_nest() || !enter_condition(text)) return;
   if (skipping()) {
     // No ELSE of a construct that is passed over may become active.
     if (pass_condition() && peek_character() == 0) open_level(1, 1);
@@ -119,6 +127,26 @@ void run_else_if(const char* text) {
 void run_else(const char* text) {
   if (token() == kIdentifier && std::strcmp(token_name(), "IF") == 0) return run_else_if(text);
   if (token() != kEnd) return report_error("Expected IF or End of Line");
+  run_plain_else();
+}
+
+} // namespace
+
+bool if_condition_holds(const Code& condition) {
+  bool truth = false;
+  return may_nest() && !skipping() && take_condition(run_list(condition), truth) && truth;
+}
+
+void run_block_if(const Code& condition) {
+  if (!may_nest()) return;
+  if (skipping()) return open_level(1, 1);
+  bool truth = false;
+  if (!take_condition(run_list(condition), truth)) return;
+  open_level(truth, truth);
+  settle_branches();
+}
+
+void run_plain_else() {
   if (!is_open("Missing IF statement before ELSE")) return;
   IfRecord& record = innermost();
   record.branch_active = record.branch_taken == 0;
@@ -133,8 +161,6 @@ void run_end_if() {
   compare_depths(c.ifs[c.if_depth]);
   settle_branches();
 }
-
-} // namespace
 
 bool run_if_family(const char* text, const char* first) {
   if (std::strcmp(first, "IF") == 0) {

@@ -18,7 +18,7 @@ void reset_interpreter() {
   for (int i = 0; i < kVariables; ++i) free_variable(i);
   free_saved_statements(0);
   for (RoutineFrame& frame : interp.control.frames) {
-    for (int i = 0; i < frame.waiting_count; ++i) std::free(frame.waiting[i].text);
+    for (int i = 0; i < frame.waiting_count; ++i) free_statement(frame.waiting[i]);
     std::free(frame.waiting);
   }
   close_data_file();

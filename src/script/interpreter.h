@@ -28,9 +28,11 @@ struct DriverState {
 };
 
 // A statement that may run again.
+struct Decision;
 struct SavedStatement {
-  char* text;    // owned
-  int expansion; // saved statements behind it that are the text of the routine which it calls
+  char* text;         // owned
+  int expansion;      // saved statements behind it that are the text of the routine which it calls
+  Decision* decision; // what the text has decided, null before the first replay; owned
 };
 
 struct Source {
@@ -77,6 +79,7 @@ struct VariableState {
   ScriptValue slots[kVariables];
   std::int16_t chain_head[kNameBuckets]; // slot plus 1, 0 for none
   std::int16_t chain_next[kVariables];
+  std::uint16_t bucket[kVariables]; // of the slot's name
   std::uint64_t used[kSlotWords];
   int level; // current routine level
 };

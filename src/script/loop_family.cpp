@@ -108,50 +108,58 @@ bool count_on(const LoopRecord& record) {
   return !passes_limit(v.value.d, record.double_limit, record.double_step);
 }
 
-// The bounds behind the first '='. False after a message.
-bool read_bounds(const char* text, LoopRecord& record) {
-  const char* equal = std::strchr(text, '=');
-  if (!equal) {
-    report_error("Missing '=' in DO loop");
-    return false;
+// A loop record that may be opened; null while skipping, when the depth just grows, or after a message.
+LoopRecord* running_record(LoopKind kind) {
+  LoopRecord* record = new_record(kind);
+  if (!record) return nullptr;
+  if (skipping()) {
+    ++interp.control.loop_depth;
+    return nullptr;
   }
-  set_token_source(equal + 1);
-  const int n = evaluate(false);
+  interp.control.last_is_switch = false;
+  return record;
+}
+
+// Frees or makes the loop variable. False after a message.
+bool take_variable(LoopRecord& record, const char* name) {
+  record.variable = loop_variable(name);
+  if (record.variable < 0) return false;
+  // By an alias the variable keeps the name that it has at its own level.
+  set_name(record.name, variable(record.variable).name);
+  return true;
+}
+
+// Opens the loop with the bounds on the operand stack.
+void start_counting(LoopRecord& record, int n) {
+  ReaderState& r = interp.reader;
   const bool good = check_bounds(n, record);
   if (good) open_loop(record, begin_count(n, record));
   clear_stack(0);
-  return good;
+  if (!good) return release_slot(record.variable);
+  record.start = r.saved_cursor + (replaying() ? 1 : 0);
+  r.recording = true;
 }
 
 // The token behind DO has been read.
 void run_do(const char* text) {
-  ReaderState& r = interp.reader;
-  LoopRecord* record = new_record(kDoLoop);
+  LoopRecord* record = running_record(kDoLoop);
   if (!record) return;
-  if (skipping()) return static_cast<void>(++interp.control.loop_depth);
-  interp.control.last_is_switch = false;
   if (token() != kIdentifier) {
     if (token() != kErrorToken) report_error("Syntax error - expected loop variable");
     return;
   }
-  set_name(record->name, token_name());
-  record->variable = loop_variable(record->name);
-  if (record->variable < 0) return;
-  // By an alias the variable keeps the name that it has at its own level.
-  const char* own_name = variable(record->variable).name;
-  std::memmove(record->name, own_name, sizeof record->name);
-  if (!read_bounds(text, *record)) return release_slot(record->variable);
-  record->start = r.saved_cursor + (replaying() ? 1 : 0);
-  r.recording = true;
+  if (!take_variable(*record, token_name())) return;
+  const char* equal = std::strchr(text, '=');
+  if (!equal) {
+    report_error("Missing '=' in DO loop");
+    return release_slot(record->variable);
+  }
+  set_token_source(equal + 1);
+  start_counting(*record, evaluate(false));
 }
 
-// The condition from the list behind '('. False after a message.
-bool evaluate_condition(bool& truth) {
-  if (token() != '(') {
-    if (token() != kErrorToken) report_error("Syntax error - expected '('");
-    return false;
-  }
-  const int n = evaluate(false);
+// The condition from the operand stack. False after a message.
+bool take_condition(int n, bool& truth) {
   bool good = false;
   if (n != 1) {
     if (n != 0) report_error("Syntax error in WHILE statement");
@@ -165,23 +173,30 @@ bool evaluate_condition(bool& truth) {
   return good;
 }
 
-// The token behind WHILE has been read.
-void run_while(const char* text) {
+// Opens the loop with the condition on the operand stack. It begins with the WHILE statement itself.
+void start_testing(LoopRecord& record, int n, const char* text) {
   ReaderState& r = interp.reader;
-  LoopRecord* record = new_record(kWhileLoop);
-  if (!record) return;
-  if (skipping()) return static_cast<void>(++interp.control.loop_depth);
-  interp.control.last_is_switch = false;
   bool truth = false;
-  if (!evaluate_condition(truth)) return;
+  if (!take_condition(n, truth)) return;
   if (replaying()) {
-    record->start = r.saved_cursor;
+    record.start = r.saved_cursor;
   } else {
     const bool saved = r.recording ? r.last_saved : save_statement(text);
-    record->start = saved ? r.saved_cursor - 1 : -1;
+    record.start = saved ? r.saved_cursor - 1 : -1;
     r.recording = true;
   }
-  open_loop(*record, truth);
+  open_loop(record, truth);
+}
+
+// The token behind WHILE has been read.
+void run_while(const char* text) {
+  LoopRecord* record = running_record(kWhileLoop);
+  if (!record) return;
+  if (token() != '(') {
+    if (token() != kErrorToken) report_error("Syntax error - expected '('");
+    return;
+  }
+  start_testing(*record, evaluate(false), text);
 }
 
 // The saved statements go with the outermost loop unless a label needs them.
@@ -202,6 +217,17 @@ bool next_pass(const LoopRecord& record) {
   if (record.kind == kWhileLoop) --interp.control.loop_depth; // the WHILE statement opens the level anew
   continue_at(record.start);
   return true;
+}
+
+} // namespace
+
+void begin_do(const char* name, const Code& bounds) {
+  LoopRecord* record = running_record(kDoLoop);
+  if (record && take_variable(*record, name)) start_counting(*record, run_list(bounds));
+}
+
+void begin_while(const Code& condition, const char* text) {
+  if (LoopRecord* record = running_record(kWhileLoop)) start_testing(*record, run_list(condition), text);
 }
 
 void end_loop(LoopKind kind) {
@@ -229,8 +255,6 @@ void end_loop(LoopKind kind) {
   }
   if (skipping() || !next_pass(record)) close_loop(record);
 }
-
-} // namespace
 
 bool run_loop_family(const char* text, const char* first) {
   if (std::strcmp(first, "DO") == 0) {

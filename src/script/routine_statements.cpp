@@ -1,5 +1,6 @@
 // What stands in a user routine: its header, EXTERN and RETURN.
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 #include "script/control_structures.h"
@@ -34,6 +35,8 @@ bool fail(HeaderFault& fault, const char* text, const char* word) {
   set_name(fault.word, word);
   return fail(fault, text);
 }
+
+constexpr int kMostPlanned = 16; // parameters; a longer list is read again each time
 
 // One parameter of the list.
 struct Parameter {
@@ -125,12 +128,23 @@ bool all_keywords_taken(HeaderFault& fault) {
   return true;
 }
 
+// What is checked behind the last parameter.
+bool finish_header(int count, HeaderFault& fault) {
+  if (!all_keywords_taken(fault)) return false;
+  if (current_frame().passed <= count) return true;
+  return fail(fault, "Too many parameters in CALL to", interp.control.routine_name);
+}
+
+bool is_called(const char* name, HeaderFault& fault) {
+  const char* called = interp.control.routine_name;
+  return std::strcmp(name, called) == 0 || fail(fault, "Expected routine name", called);
+}
+
 // The name behind the keyword and the list. False after a fault.
 bool read_header(bool function, HeaderFault& fault) {
-  ControlState& c = interp.control;
   if (next_token() != kIdentifier)
     return fail(fault, function ? "Identifier expected after FUNCTION" : "Identifier expected after SUBROUTINE");
-  if (std::strcmp(token_name(), c.routine_name) != 0) return fail(fault, "Expected routine name", c.routine_name);
+  if (!is_called(token_name(), fault)) return false;
   int count = 0;
   if (next_token() == '(' && next_token() != ')') {
     for (;;) {
@@ -140,19 +154,52 @@ bool read_header(bool function, HeaderFault& fault) {
       next_token();
     }
   }
-  if (!all_keywords_taken(fault)) return false;
-  if (current_frame().passed > count) return fail(fault, "Too many parameters in CALL to", c.routine_name);
-  return true;
+  return finish_header(count, fault);
+}
+
+void end_faulty_routine(const HeaderFault& fault) {
+  if (interp.variables.level > 0) end_routine(false);
+  if (fault.has_word) return report_error_text(fault.text, fault.word);
+  report_error(fault.text);
 }
 
 } // namespace
 
 void run_header(bool function) {
   HeaderFault fault{};
-  if (read_header(function, fault)) return;
-  if (interp.variables.level > 0) end_routine(false);
-  if (fault.has_word) return report_error_text(fault.text, fault.word);
-  report_error(fault.text);
+  if (!read_header(function, fault)) end_faulty_routine(fault);
+}
+
+struct HeaderPlan {
+  char routine[kNameLength + 1];
+  int count;
+  Parameter parameters[kMostPlanned];
+};
+
+HeaderPlan* plan_header() {
+  HeaderFault fault{};
+  HeaderPlan plan{};
+  if (token() != kIdentifier) return nullptr;
+  set_name(plan.routine, token_name());
+  if (next_token() == '(' && next_token() != ')') {
+    for (;;) {
+      if (plan.count == kMostPlanned || !read_parameter(plan.parameters[plan.count++], fault)) return nullptr;
+      if (token() == ')') break;
+      next_token();
+    }
+  }
+  HeaderPlan* kept = static_cast<HeaderPlan*>(allocate(sizeof(HeaderPlan)));
+  if (kept) *kept = plan;
+  return kept;
+}
+
+void free_header_plan(HeaderPlan* plan) { std::free(plan); }
+
+void run_planned_header(const HeaderPlan& plan) {
+  HeaderFault fault{};
+  bool good = is_called(plan.routine, fault);
+  for (int i = 0; good && i < plan.count; ++i) good = take_argument(plan.parameters[i], i + 1, fault);
+  if (!good || !finish_header(plan.count, fault)) end_faulty_routine(fault);
 }
 
 void run_extern() {

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "script/decided_statement.h"
 #include "script/report.h"
 #include "script/script_files.h"
 #include "script/variables.h"
@@ -99,14 +100,20 @@ bool save_statement(const char* text) {
   char* copy = static_cast<char*>(allocate(static_cast<std::int64_t>(length)));
   if (!copy) return false;
   std::memcpy(copy, text, length + 1);
-  r.saved[r.saved_count++] = {copy, 0};
+  r.saved[r.saved_count++] = {copy, 0, nullptr};
   ++r.saved_cursor;
   return true;
 }
 
+void free_statement(SavedStatement& statement) {
+  free_decision(statement.decision);
+  std::free(statement.text);
+  statement = {};
+}
+
 void free_saved_statements(int first) {
   ReaderState& r = interp.reader;
-  while (r.saved_count > first) std::free(r.saved[--r.saved_count].text);
+  while (r.saved_count > first) free_statement(r.saved[--r.saved_count]);
 }
 
 } // namespace qsl

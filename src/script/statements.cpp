@@ -7,6 +7,7 @@
 #include "script/assignment.h"
 #include "script/binding.h"
 #include "script/control_structures.h"
+#include "script/decided_statement.h"
 #include "script/keywords.h"
 #include "script/report.h"
 #include "script/script_files.h"
@@ -35,7 +36,7 @@ void replay_statements() {
   while (replaying() && !interp.driver.ended && !interp.control.callback_ended) {
     const int at = r.saved_cursor, expansion = r.saved[at].expansion;
     interp.control.call_made = false;
-    execute_statement(r.saved[at].text);
+    run_saved_statement(r.saved[at]);
     const bool leave_out = expansion > 0 && !interp.control.call_made && r.saved_cursor == at;
     if (leave_out) r.saved_cursor += expansion;
     if (!interp.control.call_made || replaying()) ++r.saved_cursor;

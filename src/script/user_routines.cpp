@@ -74,14 +74,22 @@ bool placeholder_name(const ArgumentText& a, int number, char* name) {
   return false;
 }
 
+// A text that is exactly one identifier, which is then the current token.
+bool is_plain_name(const char* text) {
+  set_token_source(text);
+  interp.token.quiet = true;
+  const bool plain = next_token() == kIdentifier && peek_character() == 0;
+  interp.token.quiet = false;
+  return plain;
+}
+
 // The argument's value into its slot: an alias for a name alone, else a copy. False after a message.
 bool pass_argument(const ArgumentText& a, int slot) {
   if (is_blank(a.text)) {
     report_error("Syntax error - Expected variable");
     return false;
   }
-  set_token_source(a.text);
-  if (next_token() == kIdentifier && peek_character() == 0) {
+  if (is_plain_name(a.text)) {
     ScriptValue& v = variable(slot);
     v.value.index = find_variable(token_name());
     v.type = kAlias;
@@ -186,33 +194,54 @@ bool open_text(RoutineFrame& frame, int level) {
   return true;
 }
 
-void call_routine(const char* text, FrameKind kind, const char* result) {
-  ControlState& c = interp.control;
-  const int level = interp.variables.level + 1;
-  if (level > kRoutineLevels) return report_error("Too many nested routine calls");
-  RoutineFrame frame{};
-  frame.kind = kind;
-  frame.result = -1;
-  if (!pass_arguments(text, frame)) return free_arguments();
-  if (result) {
-    const int old = find_variable(result);
-    // The result's variable is emptied before the routine runs, so an argument of that name becomes a copy.
-    for (int i = 0; i < c.argument_count; ++i) {
-      ScriptValue& v = variable(c.arguments[i]);
-      if (v.type != kAlias || v.value.index != old || old < 0) continue;
-      ScriptValue copy{};
-      if (copy_value(copy, variable(old))) move_value(v, copy);
-    }
-    frame.result = old;
-    if (old < 0) frame.result = new_variable(result, interp.variables.level);
-    if (frame.result < 0) return;
-    free_value(variable(frame.result));
-    set_int(variable(frame.result), 0);
+// An argument that is the variable which takes the result becomes a copy: the variable is emptied before the routine
+// runs.
+void copy_result_arguments(int index) {
+  const ControlState& c = interp.control;
+  for (int i = 0; i < c.argument_count; ++i) {
+    ScriptValue& v = variable(c.arguments[i]);
+    if (v.type != kAlias || v.value.index != index) continue;
+    ScriptValue copy{};
+    if (copy_value(copy, variable(index))) move_value(v, copy);
   }
+}
+
+// Empties or makes the variable that takes the result. False after a message.
+bool take_result_variable(const char* name, RoutineFrame& frame) {
+  frame.kind = kFunctionFrame;
+  frame.result = find_variable(name);
+  if (frame.result >= 0) {
+    copy_result_arguments(frame.result);
+    free_value(variable(frame.result));
+  } else {
+    frame.result = new_variable(name, interp.variables.level);
+    if (frame.result < 0) return false;
+  }
+  set_int(variable(frame.result), 0);
+  return true;
+}
+
+bool level_is_free() {
+  if (interp.variables.level < kRoutineLevels) return true;
+  report_error("Too many nested routine calls");
+  return false;
+}
+
+// Opens the routine when its arguments stand in their slots.
+void enter_routine(RoutineFrame& frame, const char* result) {
+  const int level = interp.variables.level + 1;
+  if (result && !take_result_variable(result, frame)) return;
   if (!open_text(frame, level)) return;
-  c.frames[level] = frame;
+  interp.control.frames[level] = frame;
   interp.variables.level = level;
-  c.call_made = true;
+  interp.control.call_made = true;
+}
+
+void call_routine(const char* text, const char* result) {
+  if (!level_is_free()) return;
+  RoutineFrame frame{};
+  if (!pass_arguments(text, frame)) return free_arguments();
+  enter_routine(frame, result);
 }
 
 } // namespace
@@ -223,19 +252,129 @@ void run_call(const char* text) {
     return;
   }
   set_name(interp.control.routine_name, token_name());
-  call_routine(text, kSubroutineFrame, nullptr);
+  call_routine(text, nullptr);
 }
 
 void run_function_call(const char* text, const char* name) {
   if (find_function(name) >= 0) return report_error_text("Reserved identifier", name);
   set_name(interp.control.routine_name, token_name());
-  call_routine(std::strchr(text, '=') + 1, kFunctionFrame, name);
+  call_routine(std::strchr(text, '=') + 1, name);
+}
+
+// One argument of a plan.
+struct PlannedArgument {
+  char slot_name[kNameLength + 1];
+  bool has_key;
+  bool by_reference;
+  KnownName name; // by reference
+  Code* code;     // by value
+};
+
+struct CallPlan {
+  char routine[kNameLength + 1];
+  int count;
+  PlannedArgument* arguments;
+};
+
+namespace {
+
+// One argument; false if its text has a fault, which is told when the text is read again.
+bool plan_argument(const ArgumentText& text, int number, PlannedArgument& a) {
+  a.has_key = text.has_key;
+  if (is_blank(text.text)) return false;
+  if (text.has_key) {
+    if (!is_plain_name(text.key)) return false;
+    char keyed[kNameLength + 2];
+    std::snprintf(keyed, sizeof keyed, "!%s", token_name());
+    set_name(a.slot_name, keyed);
+  } else {
+    std::snprintf(a.slot_name, sizeof a.slot_name, "$%d", number);
+  }
+  a.by_reference = is_plain_name(text.text);
+  if (a.by_reference) {
+    a.name = known_name(token_name());
+    return true;
+  }
+  set_token_source(text.text);
+  a.code = compile_list(false);
+  return a.code != nullptr;
+}
+
+bool plan_arguments(const char* p, CallPlan& plan) {
+  int keywords = 0;
+  ArgumentText text;
+  do {
+    p = cut_argument(p, text);
+    if (plan.count == 0 && !text.has_key && text.end == ')' && is_blank(text.text)) return true;
+    const int number = plan.count - keywords + 1;
+    if (!plan_argument(text, number, plan.arguments[plan.count++])) return false;
+    keywords += text.has_key;
+  } while (text.end == ',');
+  return true;
+}
+
+bool pass_planned(const CallPlan& plan, RoutineFrame& frame) {
+  ControlState& c = interp.control;
+  c.argument_count = 0;
+  for (int i = 0; i < plan.count; ++i) {
+    const PlannedArgument& a = plan.arguments[i];
+    const int slot = new_variable(a.slot_name, interp.variables.level + 1);
+    if (slot < 0) return false;
+    c.arguments[c.argument_count++] = static_cast<std::int16_t>(slot);
+    ScriptValue& v = variable(slot);
+    if (a.by_reference) {
+      v.value.index = find_known(a.name);
+      v.type = kAlias;
+    } else {
+      const int n = run_list(*a.code);
+      const bool good = n > 0 && operand(0).type != kFree;
+      if (good) move_value(v, operand(0));
+      clear_stack(0);
+      if (!good) return false;
+    }
+    ++frame.passed;
+    frame.keywords += a.has_key;
+  }
+  return true;
+}
+
+} // namespace
+
+CallPlan* plan_call(const char* routine, const char* text) {
+  const char* open = std::strchr(text, '(');
+  const std::int64_t most = open ? 1 + std::count(open, open + std::strlen(open), ',') : 0;
+  CallPlan* plan = static_cast<CallPlan*>(allocate_zeroed(1, sizeof(CallPlan)));
+  if (!plan) return nullptr;
+  set_name(plan->routine, routine);
+  plan->arguments = static_cast<PlannedArgument*>(allocate_zeroed(most, sizeof(PlannedArgument)));
+  if (plan->arguments && (!open || plan_arguments(open + 1, *plan))) return plan;
+  free_call_plan(plan);
+  return nullptr;
+}
+
+void free_call_plan(CallPlan* plan) {
+  if (!plan) return;
+  for (int i = 0; i < plan->count && plan->arguments; ++i) free_code(plan->arguments[i].code);
+  std::free(plan->arguments);
+  std::free(plan);
+}
+
+void run_planned_call(const CallPlan& plan, const KnownName* result) {
+  std::memcpy(interp.control.routine_name, plan.routine, sizeof plan.routine);
+  if (!level_is_free()) return;
+  RoutineFrame frame{};
+  if (!pass_planned(plan, frame)) return free_arguments();
+  enter_routine(frame, result ? result->text : nullptr);
 }
 
 bool run_routine_end(const char* first) {
   if (std::strcmp(first, "END") != 0 || token() != kEnd) return false;
-  if (interp.variables.level > 0) end_routine(true);
+  end_called_routine();
   return true;
+}
+
+void end_called_routine() {
+  if (interp.variables.level > 0) end_routine(true);
 }
 
 namespace {
@@ -305,7 +444,7 @@ void drop_routines() {
     const RoutineFrame& frame = current_frame();
     free_level(interp.variables.level);
     if (frame.from_file) pop_source();
-    for (int i = 0; i < frame.waiting_count; ++i) std::free(frame.waiting[i].text);
+    for (int i = 0; i < frame.waiting_count; ++i) free_statement(frame.waiting[i]);
     std::free(frame.waiting);
     current_frame() = {};
   }

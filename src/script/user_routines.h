@@ -1,7 +1,7 @@
 // User routines: script files that are called by name, and what stands in them.
 #pragma once
 
-#include "script/interpreter.h"
+#include "script/expression_code.h"
 
 namespace qsl {
 
@@ -14,11 +14,25 @@ void run_function_call(const char* text, const char* name);
 // SUBROUTINE NAME(...) and FUNCTION NAME(...): the tokeniser stands behind the keyword.
 void run_header(bool function);
 
+// What the text of a call decides: the routine and its arguments. Null if the text is not plain.
+struct CallPlan;
+CallPlan* plan_call(const char* routine, const char* text);
+void run_planned_call(const CallPlan& plan, const KnownName* result);
+void free_call_plan(CallPlan* plan);
+
+// The same for a header.
+struct HeaderPlan;
+HeaderPlan* plan_header();
+void run_planned_header(const HeaderPlan& plan);
+void free_header_plan(HeaderPlan* plan);
+
 void run_extern();
 void run_return();
 
 // END as a statement of its own. The main script ignores it.
 bool run_routine_end(const char* first);
+// The same when the text has been read before.
+void end_called_routine();
 
 // The end of the routine that runs. whole: its text has been read or replayed up to its END.
 void end_routine(bool whole);

@@ -19,7 +19,8 @@ unsigned bucket_of(const char* name) {
 // Enters a slot into the chain of its name, in slot order.
 void chain_in(int index) {
   VariableState& t = interp.variables;
-  std::int16_t* link = &t.chain_head[bucket_of(t.slots[index].name)];
+  t.bucket[index] = static_cast<std::uint16_t>(bucket_of(t.slots[index].name));
+  std::int16_t* link = &t.chain_head[t.bucket[index]];
   while (*link != 0 && *link - 1 < index) link = &t.chain_next[*link - 1];
   t.chain_next[index] = *link;
   *link = static_cast<std::int16_t>(index + 1);
@@ -27,7 +28,7 @@ void chain_in(int index) {
 
 void chain_out(int index) {
   VariableState& t = interp.variables;
-  std::int16_t* link = &t.chain_head[bucket_of(t.slots[index].name)];
+  std::int16_t* link = &t.chain_head[t.bucket[index]];
   while (*link != index + 1) link = &t.chain_next[*link - 1];
   *link = t.chain_next[index];
 }
