@@ -391,6 +391,29 @@ void BAROPT(float depth, float angle); /* setter: 3-D bars; depth in plot units,
 void LABCLR(int color, const char* chart); /* setter: "BARS", "PIE" */
 void PATCYC(int i, int pattern);           /* setter: i 1..30 */
 
+/* ---- Pies ------------------------------------------------------------------------------------------------------ */
+
+/* 1: opens an axis system without axes and draws the pie. lines: of a legend's buffer for each segment. A negative
+ * value moves its segment out. Labels: LABELS "NONE", "PERC", "DATA", "BOTH"; LABPOS "INTE", "EXTE", "ALIG"; LABTYP
+ * "CENT", "LEFT", "RIGH", "OUTW", "INWA"; LABCLR; each with "PIE" in place of the axis string; LABDIG with "DAT",
+ * "PER". */
+void PIEGRF(const char* buffer, int lines, const float* x, int n);
+void CHNPIE(const char* mode);           /* setter: "NONE", "COLO", "PATT", "BOTH" */
+void PIETYP(const char* type);           /* setter: "2D", "3D" */
+void PIEEXP(void);                       /* setter: all segments are moved out */
+void PIEOPT(float angle, float depth);   /* setter, 3-D: view in degrees over the plane; thickness in radiuses, 0..10 */
+void PIEROT(float angle);                /* setter: degrees, anticlockwise */
+void PIEVEC(int kind, const char* mode); /* setter: kind 0..9999; "BROK", "STRA", "NONE" */
+void PIEVAL(float value, const char* key); /* setter: "GAP" between labels, "DIST" from the pie; in character heights */
+void PIECLR(const int* colors, const int* sideColors, int n); /* setter: n 0..30, -1 current */
+void PIEBOR(int color);                                       /* setter: -1 current */
+void PIELAB(const char* text, const char* key); /* setter: up to 20 characters, "LEFT" or "RIGH" of data */
+/* 1..3: called for each segment (from 1) with value and percentage. It may change pattern, colour, how far the segment
+ * is moved out (1 the usual distance), mode, place, justification (each counted from 0 in the lists above) and colour
+ * of the label. Null: none. */
+void PIECBK(void (*routine)(int segment, float value, float percent, int* pattern, int* color, float* exploded,
+                            int* labelMode, int* labelPlace, int* labelJustify, int* labelColor));
+
 /* ---- Legends --------------------------------------------------------------------------------------------------- */
 
 /* The text buffer belongs to the caller: lines * length characters. All but LEGTYP and MIXLEG need LEGINI first. */

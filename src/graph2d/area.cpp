@@ -9,6 +9,16 @@
 
 namespace quilla {
 
+namespace {
+
+int luminance(const PlotState* s, int color) {
+  int r = 0, g = 0, b = 0;
+  colorComponents(s, color, r, g, b);
+  return (299 * r + 587 * g + 114 * b) / 1000;
+}
+
+} // namespace
+
 KeptPen keepPen(PlotState* s) {
   flushPath(s);
   return {s->color.currentColor, s->line, s->dash, s->shading};
@@ -34,6 +44,15 @@ void drawArea(PlotState* s, const float* x, const float* y, int n, int fillColor
   penMove(s, x[0], y[0]);
   for (int i = 1; i < n; i++) penDraw(s, x[i], y[i]);
   penDraw(s, x[0], y[0]);
+}
+
+int visibleColor(const PlotState* s, int setting, int current, int fill) {
+  constexpr int kTooClose = 50, kBright = 140; // of 255
+  if (setting >= 0) return setting;
+  if (s->shading.shadePattern != kPatternSolid) return current;
+  int text = luminance(s, current), ground = luminance(s, fill);
+  if (text - ground > kTooClose || ground - text > kTooClose) return current;
+  return ground > kBright ? directColor(0, 0, 0) : directColor(255, 255, 255);
 }
 
 void fillBox(PlotState* s, int x0, int y0, int x1, int y1, int color) {

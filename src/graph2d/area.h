@@ -19,6 +19,10 @@ void restorePen(PlotState* s, const KeptPen& kept);
 // Plot units; the page origin is added. The colour that is current afterwards is the border colour.
 void drawArea(PlotState* s, const float* x, const float* y, int n, int fillColor, int borderColor);
 
+// Colour of a label on an area in a fill colour: as set, or -1 the current one; but that on a solid area too much like
+// it becomes black or white.
+int visibleColor(const PlotState* s, int setting, int current, int fill);
+
 // Filled rectangle in a plain colour, corners included.
 void fillBox(PlotState* s, int x0, int y0, int x1, int y1, int color);
 

@@ -6,7 +6,7 @@
 #include "core/page.h"
 #include "core/pipeline.h"
 #include "core/shields.h"
-#include "device/sink.h"
+#include "graph2d/area.h"
 #include "graph2d/axis_labels.h"
 #include "graph2d/bars.h"
 #include "text/text.h"
@@ -109,15 +109,6 @@ bool placeLabel(PlotState* s, const BarData& d, int i, int digits, Label& label)
   return true;
 }
 
-// A label inside a solid bar of its own colour is drawn in black or white.
-int visibleColor(const PlotState* s, int color, int barFill) {
-  constexpr int kBright = 140;
-  if (s->shading.shadePattern != kPatternSolid || color != barFill) return color;
-  int r = 0, g = 0, b = 0;
-  colorComponents(s, barFill, r, g, b);
-  return (299 * r + 587 * g + 114 * b) / 1000 > kBright ? directColor(0, 0, 0) : directColor(255, 255, 255);
-}
-
 } // namespace
 
 void shieldBarLabels(PlotState* s, const BarData& d) {
@@ -141,7 +132,7 @@ void drawBarLabels(PlotState* s, const BarData& d) {
   for (int i = 0; i < d.n; i++) {
     if (!placeLabel(s, d, i, digits, label)) continue;
     takeBarPattern(s, i);
-    int wanted = label.inside ? visibleColor(s, color, barColor(s, d, i)) : color;
+    int wanted = label.inside ? visibleColor(s, s->bar.barLabelColor, d.color, barColor(s, d, i)) : color;
     if (s->color.currentColor != wanted) setColor(s, wanted);
     textAtWith(s, label.text, label.x, label.y, 0, s->text.textHeight);
   }

@@ -98,6 +98,13 @@ void run_nxlegn(const Call& call) {
   if (const char* buffer = legend_buffer(call, 0)) set_int(*call.result, NXLEGN(buffer));
 }
 
+void run_piegrf(const Call& call) {
+  const bool lines = operand_value(1).value.i > 0; // without any, the text does not matter
+  const char* buffer = lines ? legend_buffer(call, 0) : "";
+  if (!buffer) return;
+  PIEGRF(buffer, operand_value(1).value.i, elements<float>(operand_value(2)), operand_value(3).value.i);
+}
+
 void run_nylegn(const Call& call) {
   if (const char* buffer = legend_buffer(call, 0)) set_int(*call.result, NYLEGN(buffer));
 }

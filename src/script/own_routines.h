@@ -14,6 +14,7 @@ void run_leglin(const Call& call);
 void run_legend(const Call& call);
 void run_nxlegn(const Call& call);
 void run_nylegn(const Call& call);
+void run_piegrf(const Call& call);
 void run_grafr(const Call& call); // one count for both arrays
 void run_getuni(const Call& call);
 void run_utfint(const Call& call);
