@@ -203,6 +203,8 @@ void SERIF(void);
 void SHDCHA(void);                                    /* setter: outline fonts are filled */
 void PSFONT(const char* name);                        /* 1..3: a standard PostScript font, on devices that have them */
 void HWFONT(void);                                    /* 1..3: the device's standard font, else COMPLX */
+void TTFONT(const char* name);                        /* setter: a TrueType file; its outlines are filled */
+void QUIENV(const char* directory);                   /* any: directory of fonts and maps, "NONE" for none */
 void MESSAG(const char* text, int nx, int ny);        /* 1..3: upper left corner; (999, 999) continues */
 void NUMBER(float value, int digits, int nx, int ny); /* 1..3: digits -1..100 */
 int NLMESS(const char* text);                         /* 1..3: length in plot units */

@@ -30,6 +30,7 @@ struct PlotState {
   PageSetup pageSetup;
   ColorSetup colorSetup;
   DeviceSetup deviceSetup;
+  LibrarySetup librarySetup;
   WindowSetup windowSetup;
   DateSetup dateSetup;
 

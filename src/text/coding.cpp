@@ -189,6 +189,44 @@ PrivateCode mapToGlyph(const PlotState* s, int code) {
   }
 }
 
+namespace {
+
+// Latin-1 letter of a private code.
+int unicodeOfPrivate(int code) {
+  switch (code) {
+  case kInvertedExclamation: return 161;
+  case kCurrencyCode: return 164;
+  case kDriverCopyrightCode:
+  case kCopyrightCode: return 169;
+  default: break;
+  }
+  for (int i = 0; i <= kLastLatin1 - kFirstLatin1Letter; ++i) {
+    if (kLatin1Codes[i] == code) return kFirstLatin1Letter + i;
+  }
+  for (int i = 0; i <= kLastLatinExtended - kFirstLatinExtended; ++i) {
+    if (kLatinExtendedCodes[i] == code) return kFirstLatinExtended + i;
+  }
+  return code;
+}
+
+} // namespace
+
+int unicodeOf(const PlotState* s, int code) {
+  if (code < kFirstPrivateCode) return code;
+  const std::uint16_t* page = nullptr;
+  switch (s->text.coding) {
+  case kCodingStandard: return unicodeOfPrivate(code);
+  case kCodingLatin2: page = kLatin2Unicode; break;
+  case kCodingLatin3: page = kLatin3Unicode; break;
+  case kCodingIsoCyrillic: page = kIsoCyrillicUnicode; break;
+  case kCodingKoi8: page = kKoi8Unicode; break;
+  case kCodingIsoGreek: page = kIsoGreekUnicode; break;
+  default: return code;
+  }
+  const int row = code - kFirstUpperCode;
+  return row >= 0 && row < kUpperHalf ? page[row] : 0;
+}
+
 int encodeUtf8(int code, char* bytes) {
   constexpr int kLimits[4] = {0x80, 0x800, 0x10000, 0x200000};
   constexpr int kLeads[4] = {0, 0xC0, 0xE0, 0xF0};

@@ -27,4 +27,8 @@ struct PrivateCode {
 // Private code of a character of the current coding.
 PrivateCode mapToGlyph(const PlotState* s, int code);
 
+// Unicode number of a character of the current coding, for fonts that have more letters than the private set; 0 for
+// none.
+int unicodeOf(const PlotState* s, int code);
+
 } // namespace quilla

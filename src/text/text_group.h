@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 namespace quilla {
 
@@ -137,6 +138,14 @@ struct TextCommand {
   int length = 0;
 };
 
+struct TrueTypeFont;
+
+// Process lifetime.
+inline constexpr int kDirectoryLength = 255;
+struct LibrarySetup {
+  char libraryDirectory[kDirectoryLength + 1] = ""; // QUIENV; empty: none was given
+};
+
 // Working state of the walk over a text.
 struct TextState {
   float textCursorX = 0.0F, textCursorY = 0.0F; // baseline cursor, page origin included
@@ -163,6 +172,7 @@ struct TextState {
   bool exponentSeen = false, indexSeen = false;
   int textCodes[kTextCodeLimit] = {};
   SymbolDrawer symbolDrawer = nullptr;
+  std::shared_ptr<TrueTypeFont> trueType; // of TTFONT
 };
 
 } // namespace quilla

@@ -13,13 +13,13 @@
 #include "text/driver_fonts.h"
 #include "text/instructions.h"
 #include "text/stroke_font.h"
+#include "text/truetype_text.h"
 
 namespace quilla {
 namespace {
 
 constexpr int kDevicePdf = 511;
 constexpr int kLastDriverCode = 186;
-constexpr int kDriverCopyright = 187;
 
 // True if the character is drawn in the driver's font.
 bool byDriver(const PlotState* s, int alphabet) {
@@ -86,7 +86,7 @@ void measureStrokes(PlotState* s, const AlphabetSlot& slot, const std::int16_t* 
 void driverCharacter(PlotState* s, int code) {
   TextState& t = s->textState;
   if (code == kCopyrightCode) {
-    code = kDriverCopyright;
+    code = kDriverCopyrightCode;
   } else if (code > kLastDriverCode) {
     code = ' ';
   }
@@ -109,6 +109,13 @@ void driverCharacter(PlotState* s, int code) {
     qqglyph(s, glyph);
   }
   advance(s, cell, h * (fixed ? s->text.charSpacing : s->text.charSpacing + kDriverGap));
+}
+
+void trueTypeCharacter(PlotState* s, int code) {
+  constexpr float kOutlineGap = 0.18F;
+  const float h = static_cast<float>(s->text.textHeight);
+  const float width = drawOutlineGlyph(s, code, fixedCell(s));
+  advance(s, width, h * (s->text.fixedSpacingOn ? s->text.charSpacing : s->text.charSpacing + kOutlineGap));
 }
 
 // Alphabet 4 of fonts that share slot 1's tables there is slot 1, slanted.
@@ -153,6 +160,8 @@ void drawCharacter(PlotState* s, int code) {
   TextState& t = s->textState;
   int alphabet = t.textAlphabet;
   setAlphabet(s, alphabet);
+  if (s->font.fontKind == kFontTrueType && s->textState.trueType && alphabet == kAlphabetStandard)
+    return trueTypeCharacter(s, code);
   const PrivateCode mapped = mapToGlyph(s, code);
   code = mapped.code;
   if (mapped.alphabet != 0) alphabet = mapped.alphabet;
