@@ -173,7 +173,7 @@ def svg(place):
     command("rsvg-convert", "-b", "white", "-z", "2", "-o", "a.png", "a.svg", directory=place.directory)
     picture = bordered(png(place.path("a.png")))
     # The page fills the picture, whose scale is that of its height.
-    check((picture.left, picture.top, picture.bottom) == (0, 0, 1205) and 1702 <= picture.right <= 1705,
+    check((picture.left, picture.top, picture.bottom) == (0, 0, 1204) and 1702 <= picture.right <= 1705,
           "the page is at %d %d %d %d" % (picture.left, picture.top, picture.right, picture.bottom))
     same_picture(reference(place), picture)
 
