@@ -23,7 +23,6 @@ namespace {
 
 constexpr int kNoMemory = 53, kBadDevice = 161;
 constexpr int kIndexedDepth = 8, kTrueColorDepth = 24;
-constexpr int kRasterLongSide = 853, kRasterShortSide = 603; // pixels of a page whose size in pixels was not told
 
 bool openPostScript(PlotState* s) {
   if (!namePlotFile(s) || !openPlotFile(s)) return false;
@@ -196,13 +195,20 @@ bool hasTrueColors(int deviceNumber) {
   return false;
 }
 
+// Pixels of screens and rasters: as WINDOW or WINSIZ asked for, else lying or upright like the page.
+void choosePixels(PlotState* s) {
+  const WindowSetup& w = s->windowSetup;
+  const bool lying = s->geometry.pageWidth > s->geometry.pageHeight;
+  const bool asked = w.windowPlacementMode != kWindowDefault;
+  s->device.pixelWidth = asked ? w.windowWidth : lying ? kScreenLongSide : kScreenShortSide;
+  s->device.pixelHeight = asked ? w.windowHeight : lying ? kScreenShortSide : kScreenLongSide;
+}
+
 } // namespace
 
 bool sinkOpen(PlotState* s) {
   s->device.lineUsed = 0;
-  const bool wide = s->geometry.pageWidth > s->geometry.pageHeight;
-  s->device.pixelWidth = wide ? kRasterLongSide : kRasterShortSide;
-  s->device.pixelHeight = wide ? kRasterShortSide : kRasterLongSide;
+  choosePixels(s);
   s->device.deviceScale = scaleOfDevice(s);
   s->device.colourDepth = hasTrueColors(s->deviceSetup.deviceNumber) ? kTrueColorDepth : kIndexedDepth;
   s->device.freeDrivers = freeDrivers;

@@ -5,10 +5,10 @@
 #include "script/arrays.h"
 #include "script/binding.h"
 #include "script/builtin_functions.h"
-#include "script/control_structures.h"
 #include "script/evaluator.h"
 #include "script/report.h"
 #include "script/system_variables.h"
+#include "script/user_routines.h"
 
 namespace qsl {
 namespace {

@@ -88,21 +88,25 @@ bool assemble_record(const char* record) {
   return r.statement_length > 0;
 }
 
-void save_statement(const char* text) {
+bool save_statement(const char* text) {
   ReaderState& r = interp.reader;
   const std::size_t length = std::strlen(text);
-  if (length == 0) return;
-  if (r.saved_count == kSavedStatements) return report_error("Too many statements in the statement buffer");
+  if (length == 0) return false;
+  if (r.saved_count == kSavedStatements) {
+    report_error("Too many statements in the statement buffer");
+    return false;
+  }
   char* copy = static_cast<char*>(allocate(static_cast<std::int64_t>(length)));
-  if (!copy) return;
+  if (!copy) return false;
   std::memcpy(copy, text, length + 1);
-  r.saved[r.saved_count++] = copy;
+  r.saved[r.saved_count++] = {copy, 0};
   ++r.saved_cursor;
+  return true;
 }
 
 void free_saved_statements(int first) {
   ReaderState& r = interp.reader;
-  while (r.saved_count > first) std::free(r.saved[--r.saved_count]);
+  while (r.saved_count > first) std::free(r.saved[--r.saved_count].text);
 }
 
 } // namespace qsl

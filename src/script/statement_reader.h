@@ -11,8 +11,8 @@ bool is_comment_record(const char* record);
 // Takes a record into interp.reader.statement. True if the statement is complete and has any text.
 bool assemble_record(const char* record);
 
-// Appends a text to the statement buffer.
-void save_statement(const char* text);
+// Appends a text to the statement buffer. False if nothing was saved.
+bool save_statement(const char* text);
 // Frees the saved statements from position first on.
 void free_saved_statements(int first);
 
