@@ -50,6 +50,14 @@ std::string callOf(const RoutineRow& row, bool hasValue) {
   return (namesVariable ? "VAR = 'text'\n" : "") + text + ")\n";
 }
 
+// The name by which a routine reports: its own in lower case, cut at eight characters. TTFONT has always had another.
+std::string reportedName(const std::string& routine) {
+  if (routine == "TTFONT") return "tffont";
+  std::string name = routine.substr(0, 8);
+  for (char& c : name) c = static_cast<char>(tolower(c));
+  return name;
+}
+
 class LevelClasses : public Script {
 protected:
   std::filesystem::path before = std::filesystem::current_path(), folder;
@@ -80,8 +88,7 @@ protected:
   }
 
   void check(const RoutineRow& row, bool hasValue) {
-    std::string name;
-    for (const char* c = row.name; *c && name.size() < 8; c++) name += static_cast<char>(tolower(*c));
+    const std::string name = reportedName(row.name);
     const LevelClass wanted = classes.find(row.name)->second;
     for (int level = 0; level <= 3; level++) {
       enterLevel(level);
