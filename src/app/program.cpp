@@ -1,10 +1,16 @@
 // Start, run and end of the program.
+#include <unistd.h>
+
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 
 #include "app/command_line.h"
+#include "app/line_editor.h"
 #include "core/messages.h"
 #include "script/data_file.h"
 #include "script/interpreter.h"
+#include "script/interrupt.h"
 #include "script/script_files.h"
 #include "script/statements.h"
 
@@ -32,8 +38,16 @@ constexpr const char* kHelp =
     "Environment: QSL_PATH (scripts), QSL_DATA (data files), QUILLA (directory of the library).\n";
 
 int final_status() {
+  if (interp.driver.exit_status != 0) return interp.driver.exit_status;
   const bool reported = interp.driver.diagnostics > 0 || quilla::totalWarnings() > 0;
   return interp.driver.strict && reported ? 1 : 0;
+}
+
+// Colour is for terminals, unless the user wants none.
+bool terminal_shows_colors() {
+  const char* terminal = std::getenv("TERM");
+  return isatty(STDIN_FILENO) && isatty(STDOUT_FILENO) && !std::getenv("NO_COLOR") && terminal &&
+         std::strcmp(terminal, "dumb") != 0;
 }
 
 // Input from the keyboard.
@@ -43,13 +57,18 @@ void run_prompt() {
   d.interactive_mode = true;
   std::printf("QSLRUN %s, the interpreter of the plotting language QSL\n", kVersion);
   start_source(stdin, "");
+  watch_interrupts(true);
+  d.color = terminal_shows_colors();
+  start_line_editor();
   run_statements();
+  end_line_editor();
 }
 
 void run_script(CommandLine& line) {
   std::FILE* file = open_script(line.script_name);
   if (!file) return;
   start_source(file, line.script_name);
+  watch_interrupts(false);
   run_statements();
   std::fclose(file);
 }

@@ -44,6 +44,10 @@ void store_selection(ScriptValue& v, const SubscriptList& list, const ScriptValu
     return report_error("Mismatch of arrays");
   if (!convertible) return report_illegal(target);
   const void* from = is_array(right.type) ? right.value.data : &right.value;
+  if (list.count == 1) {
+    const std::int64_t flat = v.ndim == 1 ? list.lower[0] : begin_walk(v, list).flat;
+    return store_element(target, v.value.data, flat, source, from, 0);
+  }
   const bool spread = right.count == 1;
   SelectionWalk walk = begin_walk(v, list);
   for (std::int32_t i = 0; i < list.count; ++i, step(walk))
@@ -64,12 +68,14 @@ bool can_be_target(const ScriptValue& v, const char* name, const SubscriptList& 
 
 // The elements that the subscripts select take the value of the expression.
 void assign_selection(int index, const char* name, SubscriptList& list, const Code& expression) {
-  const ScriptValue before = variable(index);
-  if (!check_selection(variable(index), name, list) || !can_be_target(variable(index), name, list)) return;
-  const int n = run_list(expression);
   ScriptValue& v = variable(index);
+  if (!check_selection(v, name, list) || !can_be_target(v, name, list)) return;
+  const Tag type = v.type;
+  const void* data = v.value.data;
+  const std::int32_t count = v.count;
+  const int n = run_list(expression);
   // A function on the right side may have replaced the variable.
-  const bool same = v.type == before.type && v.value.data == before.value.data && v.count == before.count;
+  const bool same = v.type == type && v.value.data == data && v.count == count;
   if (n > 0 && operand(0).type != kFree && (same || check_selection(v, name, list)))
     store_selection(v, list, operand(0));
   clear_stack(0);

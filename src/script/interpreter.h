@@ -20,11 +20,14 @@ struct DriverState {
   bool include_override_used;
   char device_override[kDeviceNameLength + 1]; // -D
   bool device_override_given;
-  bool device_chosen; // METAFL or -D has chosen; a quick plot leaves the device alone
-  bool strict;        // --strict
-  bool ended;         // EXIT has run
-  bool harmless;      // no outside command runs and no file is changed: for tests of arbitrary input
-  long diagnostics;   // messages printed so far
+  bool device_chosen;                         // METAFL or -D has chosen; a quick plot leaves the device alone
+  bool strict;                                // --strict
+  bool ended;                                 // EXIT has run
+  bool color;                                 // messages and the prompt are coloured
+  int exit_status;                            // of a run that was interrupted
+  bool (*read_typed)(char* record, int size); // reads a record from a line editor that shows the prompt; null: none
+  bool harmless;    // no outside command runs and no file is changed: for tests of arbitrary input
+  long diagnostics; // messages printed so far
 };
 
 // A statement that may run again.
@@ -164,6 +167,7 @@ struct ControlState {
   bool call_made;         // the statement that runs has opened a frame
   bool callback_ended;    // the innermost statement loop returns to the library
   double callback_result; // value of the callback that ended last
+  int nesting;            // statement loops that run
 };
 
 // operand_stack.cpp, evaluator.cpp

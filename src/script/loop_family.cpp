@@ -94,7 +94,7 @@ bool begin_count(int n, LoopRecord& record) {
 bool count_on(const LoopRecord& record) {
   ScriptValue& v = variable(record.variable);
   const bool number = v.type >= kChar && v.type <= kDouble;
-  if (!number || std::strcmp(v.name, record.name) != 0) {
+  if (!number || !same_name(v.name, record.name)) {
     report_error_text("Loop variable is not a number", record.name);
     return false;
   }

@@ -6,33 +6,10 @@
 
 namespace qsl {
 
-ScriptValue* push_operand() {
+void report_full_stack() {
   StackState& s = interp.stack;
-  if (s.count == kOperands) {
-    if (!s.overflow) report_error("Maximal number of operands is reached");
-    s.overflow = true;
-    return nullptr;
-  }
-  ScriptValue* v = &s.entries[s.count++];
-  set_int(*v, 0);
-  v->name[0] = 0;
-  v->level = 0;
-  return v;
-}
-
-void push_int(std::int32_t number) {
-  if (ScriptValue* v = push_operand()) v->value.i = number;
-}
-
-void push_double(double number) {
-  if (ScriptValue* v = push_operand()) set_double(*v, number);
-}
-
-void push_number(const ScriptValue& number) {
-  if (ScriptValue* v = push_operand()) {
-    v->type = number.type;
-    v->value = number.value;
-  }
+  if (!s.overflow) report_error("Maximal number of operands is reached");
+  s.overflow = true;
 }
 
 void push_copy(const ScriptValue& source) {
@@ -45,11 +22,6 @@ void push_alias(int index, const char* name) {
   v->type = kAlias;
   v->value.index = index;
   set_name(v->name, name);
-}
-
-void clear_stack(int keep) {
-  StackState& s = interp.stack;
-  while (s.count > keep) free_value(s.entries[--s.count]);
 }
 
 ScriptValue* peek_operand(int position) {

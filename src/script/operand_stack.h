@@ -9,17 +9,46 @@ inline int operand_count() { return interp.stack.count; }
 inline ScriptValue& operand(int position) { return interp.stack.entries[position]; }
 inline ScriptValue& top_operand() { return operand(operand_count() - 1); }
 
-// A new unnamed INT 0 on top, or null: the stack is full, which is reported once a statement.
-ScriptValue* push_operand();
-void push_int(std::int32_t number);
-void push_double(double number);
+// The stack is full: reported once a statement.
+void report_full_stack();
+
+// A new unnamed INT 0 on top, or null if the stack is full.
+inline ScriptValue* push_operand() {
+  StackState& s = interp.stack;
+  if (s.count == kOperands) {
+    report_full_stack();
+    return nullptr;
+  }
+  ScriptValue* v = &s.entries[s.count++];
+  set_int(*v, 0);
+  v->name[0] = 0;
+  v->level = 0;
+  return v;
+}
+inline void push_int(std::int32_t number) {
+  if (ScriptValue* v = push_operand()) v->value.i = number;
+}
+inline void push_double(double number) {
+  if (ScriptValue* v = push_operand()) set_double(*v, number);
+}
 // The value of an INT or DOUBLE.
-void push_number(const ScriptValue& v);
+inline void push_number(const ScriptValue& number) {
+  if (ScriptValue* v = push_operand()) {
+    v->type = number.type;
+    v->value = number.value;
+  }
+}
 void push_copy(const ScriptValue& v);
 void push_alias(int index, const char* name);
 
 // Frees the entries from keep on.
-void clear_stack(int keep);
+inline void clear_stack(int keep) {
+  StackState& s = interp.stack;
+  while (s.count > keep) {
+    ScriptValue& v = s.entries[--s.count];
+    if (owns_memory(v.type)) free_value(v);
+  }
+}
 
 // The operand or the variable that it stands for; null after "Undefined identifier" for an alias without target.
 ScriptValue* resolve_operand(int position);

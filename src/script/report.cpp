@@ -21,6 +21,10 @@ std::FILE* log_of_messages() {
   return d.interactive_mode && d.log_active ? d.log_file : nullptr;
 }
 
+// Escapes that colour a message at a terminal.
+const char* color_on() { return interp.driver.color ? "\033[31m" : ""; }
+const char* color_off() { return interp.driver.color ? "\033[0m" : ""; }
+
 } // namespace
 
 void report_error(const char* text) {
@@ -29,7 +33,7 @@ void report_error(const char* text) {
     std::printf(" >>>> %s in record %d (%s)\n", text, record_shown(), file_shown());
     return;
   }
-  std::printf(" >>>> %s\n", text);
+  std::printf("%s >>>> %s%s\n", color_on(), text, color_off());
   if (std::FILE* log = log_of_messages()) std::fprintf(log, " // >>>> %s\n", text);
 }
 
@@ -39,7 +43,7 @@ void report_error_text(const char* text, const char* word) {
     std::printf(" >>>> %s %s in record %d (%s)\n", text, word, record_shown(), file_shown());
     return;
   }
-  std::printf(" >>>> %s %s\n", text, word);
+  std::printf("%s >>>> %s %s%s\n", color_on(), text, word, color_off());
   if (std::FILE* log = log_of_messages()) std::fprintf(log, " // >>>> %s %s\n", text, word);
 }
 
@@ -49,7 +53,7 @@ void report_error_char(const char* text, char character) {
     std::printf(" >>>> %s '%c' in record %d (%s)\n", text, character, record_shown(), file_shown());
     return;
   }
-  std::printf(" >>>> %s '%c'\n", text, character);
+  std::printf("%s >>>> %s '%c'%s\n", color_on(), text, character, color_off());
   if (std::FILE* log = log_of_messages()) std::fprintf(log, " // >>>> %s '%c'\n", text, character);
 }
 

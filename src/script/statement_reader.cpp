@@ -56,7 +56,10 @@ char take_characters(const char* record) {
 
 bool read_record() {
   ReaderState& r = interp.reader;
-  if (!std::fgets(r.record, kRecordSize, current_stream())) return false;
+  const DriverState& d = interp.driver;
+  const bool read = d.interactive_mode && d.read_typed ? d.read_typed(r.record, kRecordSize)
+                                                       : std::fgets(r.record, kRecordSize, current_stream()) != nullptr;
+  if (!read) return false;
   ++r.record_counter;
   return true;
 }

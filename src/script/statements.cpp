@@ -8,6 +8,7 @@
 #include "script/binding.h"
 #include "script/control_structures.h"
 #include "script/decided_statement.h"
+#include "script/interrupt.h"
 #include "script/keywords.h"
 #include "script/report.h"
 #include "script/script_files.h"
@@ -33,7 +34,7 @@ bool go_on_after_end_of_source() {
 // Executes the saved statements below the cursor. The text of a routine behind a call that was not made is left out.
 void replay_statements() {
   ReaderState& r = interp.reader;
-  while (replaying() && !interp.driver.ended && !interp.control.callback_ended) {
+  while (replaying() && !interp.driver.ended && !interp.control.callback_ended && !interrupted()) {
     const int at = r.saved_cursor, expansion = r.saved[at].expansion;
     interp.control.call_made = false;
     run_saved_statement(r.saved[at]);
@@ -60,29 +61,48 @@ const char* behind_keyword(const char* text) {
 
 } // namespace
 
-void run_statements() {
+namespace {
+
+// Reads one record and runs what it completes. False: the loop ends.
+bool run_record() {
   ReaderState& r = interp.reader;
   DriverState& d = interp.driver;
-  while (!d.ended && !interp.control.callback_ended) {
-    if (d.interactive_mode) {
-      std::fputs("QSL> ", stdout);
-      std::fflush(stdout);
-    }
-    if (!read_record()) {
-      if (!go_on_after_end_of_source()) return;
-      replay_statements();
-      continue;
-    }
-    if (d.interactive_mode && d.log_active) std::fputs(r.record, d.log_file);
-    if (r.record[0] == '$') {
-      run_command(r.record + 1);
-      if (d.interactive_mode) std::putchar('\n');
-      continue;
-    }
-    if (is_comment_record(r.record) || !assemble_record(r.record)) continue;
-    execute_statement(r.statement);
-    replay_statements();
+  if (d.interactive_mode && !d.read_typed) {
+    std::fputs("QSL> ", stdout);
+    std::fflush(stdout);
   }
+  if (!read_record()) {
+    if (interrupted()) return true;
+    if (!go_on_after_end_of_source()) return false;
+    replay_statements();
+    return true;
+  }
+  if (d.interactive_mode && d.log_active) std::fputs(r.record, d.log_file);
+  if (r.record[0] == '$') {
+    run_command(r.record + 1);
+    if (d.interactive_mode) std::putchar('\n');
+    return true;
+  }
+  if (is_comment_record(r.record) || !assemble_record(r.record)) return true;
+  execute_statement(r.statement);
+  replay_statements();
+  return true;
+}
+
+} // namespace
+
+void run_statements() {
+  ControlState& c = interp.control;
+  ++c.nesting;
+  while (!interp.driver.ended && !c.callback_ended) {
+    if (interrupted()) {
+      if (c.nesting > 1) break; // the outermost loop stops everything
+      stop_at_interrupt();
+    } else if (!run_record()) {
+      break;
+    }
+  }
+  --c.nesting;
 }
 
 namespace {

@@ -102,7 +102,7 @@ void push_part(const ScriptValue& v, const SubscriptList& list) {
 void push_selection(int index, const char* name, SubscriptList& list) {
   const ScriptValue& v = variable(index);
   if (!check_selection(v, name, list)) return;
-  if (list.count == 1) return push_element(v, begin_walk(v, list).flat);
+  if (list.count == 1) return push_element(v, v.ndim == 1 ? list.lower[0] : begin_walk(v, list).flat);
   push_part(v, list);
 }
 

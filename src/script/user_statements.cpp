@@ -1,5 +1,8 @@
 #include "script/user_statements.h"
 
+#include <sys/wait.h>
+
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -12,6 +15,7 @@
 #include "script/data_file.h"
 #include "script/evaluator.h"
 #include "script/file_functions.h"
+#include "script/interrupt.h"
 #include "script/report.h"
 #include "script/script_files.h"
 
@@ -58,7 +62,10 @@ void open_log(const char* name) {
 
 int run_processor(const char* command) {
   std::fflush(stdout);
-  return interp.driver.harmless ? -1 : std::system(command);
+  if (interp.driver.harmless) return -1;
+  const int status = std::system(command);
+  if (WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) note_interrupt();
+  return status;
 }
 
 void run_command(const char* text) {

@@ -147,7 +147,7 @@ int find_known(const KnownName& name) {
   const VariableState& t = interp.variables;
   for (int link = t.chain_head[name.bucket]; link != 0; link = t.chain_next[link - 1]) {
     const ScriptValue& v = t.slots[link - 1];
-    if (std::memcmp(v.name, name.text, sizeof name.text) != 0) continue;
+    if (!same_name(v.name, name.text)) continue;
     if ((v.level != t.level && !name.system) || v.type == kFree) continue;
     if (v.type != kAlias) return link - 1;
     const int target = v.value.index;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 
 #include "script/interpreter.h"
 
@@ -29,8 +30,16 @@ struct KnownName {
   bool system;
 };
 KnownName known_name(const char* text);
-// Finds a variable by such a name.
+// Finds a variable by such a name; what find_variable() returns.
 int find_known(const KnownName& name);
+// Names that are filled up with zeros.
+inline bool same_name(const char* a, const char* b) {
+  std::uint64_t x[2], y[2];
+  static_assert(sizeof x == kNameLength + 1);
+  std::memcpy(x, a, sizeof x);
+  std::memcpy(y, b, sizeof y);
+  return x[0] == y[0] && x[1] == y[1];
+}
 // The slot without following an alias.
 int find_slot(const char* name, int level);
 // Lowest free slot, now used by an INT 0 of that name, or -1 after a message.
