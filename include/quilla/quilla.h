@@ -39,9 +39,22 @@ void PSMETA(const char* text, const char* key);   /* 0: comment of PostScript fi
 void PDFMOD(const char* value, const char* key);  /* 0: "ON" or "OFF" for "COMP" (compression) or "BUFF" */
 int PDFBUF(unsigned char* bytes, int size);       /* 0: the finished file of buffer mode; size 0: its length */
 void PDFMRK(const char* text, const char* level); /* 1..3: bookmark "CHAP", "SECT", "SUBS", "PARA", "SUBP" */
+void HPGMOD(const char* mode, const char* key);   /* 0: "STAN", "ARIS" for the key "PLOT" */
+void WMFMOD(const char* mode, const char* key);   /* 0: "STAN", "PLAC" for the key "FORM" */
+void CGMVER(int version);                         /* 0: 1 or 4, the version that a CGM file tells */
+void CGMPIC(const char* name);                    /* any: name of the next picture of a CGM file */
+void CGMBGD(float r, float g, float b);           /* any: background of CGM pictures, components 0..1 */
 const char* GETFIL(void);                         /* 1..3: name of the plot file */
 const char* GETMFL(void);                         /* 1..3: keyword of the output format */
 const char* GETDSP(void);                         /* any: kind of the display: "XWIN", "WIND" or "NONE" */
+
+/* ---- Other files ----------------------------------------------------------------------------------------------- */
+
+void INCFIL(const char* name);                     /* 1..3: draws a PLTM or CGM file into the plot */
+void FILBOX(int nx, int ny, int nw, int nh);       /* setter: where INCFIL draws, upper left corner and size */
+void FILCLR(const char* mode);                     /* setter: "ALL", "NONE" of the colours of an included file */
+void PLYINI(const char* mode);                     /* setter: "STAN", collects solids for a PLY file */
+void PLYFIN(const char* name, const char* object); /* 1..3: writes the PLY file */
 
 /* ---- Messages -------------------------------------------------------------------------------------------------- */
 
@@ -159,14 +172,39 @@ void SHLRES(int n);                                       /* 1..3: deletes the l
 void SHLVIS(int id, const char* mode);                    /* 1..3: "ON", "OFF" for a region, 0 all */
 int SHLIND(void);                                         /* setter: number of regions */
 
+/* ---- Areas: filled with the shading pattern (SHDPAT) and outlined ---------------------------------------------- */
+
+void AREAF(const int* nx, const int* ny, int n);    /* 1..3: polygon */
+void RLAREA(const float* x, const float* y, int n); /* 2, 3: polygon in user coordinates */
+void SHDCRV(const float* x1, const float* y1, int n1, const float* x2, const float* y2,
+            int n2);                                     /* 2, 3: between two curves */
+void NOARLN(void);                                       /* setter: areas without outlines */
+void RECTAN(int nx, int ny, int nw, int nh);             /* 1..3: rectangle, upper left corner and size */
+void RECFLL(int nx, int ny, int nw, int nh, int color);  /* 1..3: rectangle in a colour, -1 the current one */
+void POINT(int nx, int ny, int nb, int nh, int color);   /* 1..3: the same around its middle */
+void CIRCLE(int nx, int ny, int radius);                 /* 1..3 */
+void ELLIPS(int nx, int ny, int na, int nb);             /* 1..3: half axes na and nb */
+void RLREC(float x, float y, float width, float height); /* 2, 3: the same in user coordinates */
+void RLCIRC(float x, float y, float radius);             /* 2, 3: radius in units of the X axis */
+void RLELL(float x, float y, float a, float b);          /* 2, 3 */
+
 /* ---- Text ------------------------------------------------------------------------------------------------------ */
 
 void QUIALF(void); /* 1..3: stroke fonts */
 void SIMPLX(void);
 void COMPLX(void);
 void DUPLX(void);
+void TRIPLX(void);
+void GOTHIC(void);
+void HELVE(void); /* 1..3: outline fonts: plain, narrow, bold, and with serifs */
+void HELVES(void);
+void HELVET(void);
+void SERIF(void);
+void SHDCHA(void);                                    /* setter: outline fonts are filled */
 void PSFONT(const char* name);                        /* 1..3: a standard PostScript font, on devices that have them */
 void HWFONT(void);                                    /* 1..3: the device's standard font, else COMPLX */
+void TTFONT(const char* name);                        /* setter: a TrueType file; its outlines are filled */
+void QUIENV(const char* directory);                   /* any: directory of fonts and maps, "NONE" for none */
 void MESSAG(const char* text, int nx, int ny);        /* 1..3: upper left corner; (999, 999) continues */
 void NUMBER(float value, int digits, int nx, int ny); /* 1..3: digits -1..100 */
 int NLMESS(const char* text);                         /* 1..3: length in plot units */
@@ -186,9 +224,18 @@ void SETMIX(const char* character, const char* key); /* setter: "EXP", "IND", "R
 void SETEXP(float size);                             /* setter: size of exponents and indices, as a factor */
 void SETBAS(float shift);                            /* setter: shift of exponents, fraction of the height */
 void EUSHFT(const char* set, const char* character); /* setter: shift character of accented letters */
-void FRMESS(int thickness);                          /* setter: frame around texts */
-void TXTBGD(int color);                              /* setter: background of texts, -1 none */
-void NUMFMT(const char* format);                     /* setter: "FLOA", "EXP", "FEXP", "LOG", "XEXP" */
+void CHACOD(const char* coding); /* setter: "STAN", "ISO1", "ISO2", "ISO3", "ISO5", "KOI8", "UTF8", "ISO7" */
+int UTFINT(const char* text, int* codes,
+           int size); /* any: codes of a UTF-8 text; their count, below 0 after a warning */
+/* any: UTF-8 text of codes, at most size bytes, an end mark if there is room; its length, below 0 after a warning */
+int INTUTF(const int* codes, int count, char* text, int size);
+void TEXMOD(const char* mode); /* setter: "OFF", "ON": texts are formulas */
+void TEXOPT(const char* value,
+            const char* option);          /* setter: "ON" or "OFF" for "LIMI", "ITAL"; "STAN", "VECT" for "BRAC" */
+void TEXVAL(float x, const char* option); /* setter: "EXP", "H1BR", "H2BR", "VBRA", "OPER", "WBRA": factors */
+void FRMESS(int thickness);               /* setter: frame around texts */
+void TXTBGD(int color);                   /* setter: background of texts, -1 none */
+void NUMFMT(const char* format);          /* setter: "FLOA", "EXP", "FEXP", "LOG", "XEXP" */
 void NUMODE(const char* decimal, const char* group, const char* plus, const char* fixed); /* 1..3 */
 int GETHGT(void);                                                                         /* 1..3: character height */
 int GETANG(void);                                                                         /* 1..3: text angle */
@@ -345,7 +392,6 @@ void BAROPT(float depth, float angle); /* setter: 3-D bars; depth in plot units,
  * "ABOV", "RIGH", "BELO", "CENT"; LABDIG; LABCLR; each with "BARS" in place of the axis string. */
 void LABCLR(int color, const char* chart); /* setter: "BARS", "PIE" */
 void PATCYC(int i, int pattern);           /* setter: i 1..30 */
-void NOARLN(void);                         /* setter: no outlines of filled areas */
 
 /* ---- Pies ------------------------------------------------------------------------------------------------------ */
 

@@ -8,7 +8,6 @@
 #include <thread>
 
 #include "core/messages.h"
-#include "quilla/quilla.h"
 
 namespace quilla {
 
@@ -115,11 +114,7 @@ PlotState* strictCheck(int low, int high, const char* name) { return checkedStat
 
 PlotState* setterCheck(const char* name) { return checkedState(kLevelPlot, kLevelAxis3D, name, true); }
 
-} // namespace quilla
-
-using namespace quilla;
-
-void THRINI(int n) {
+void prepareThreads(int n) {
   if (severalThreads) {
     std::fputs(">>>> thrini is already called before!\n", stdout);
     return;
@@ -141,7 +136,7 @@ void THRINI(int n) {
   severalThreads.store(true, std::memory_order_release);
 }
 
-void THRFIN(void) {
+void finishThreads() {
   if (!severalThreads) {
     std::fputs(">>>> thrini is not called before!\n", stdout);
     return;
@@ -152,3 +147,5 @@ void THRFIN(void) {
   slots = nullptr;
   slotCount = 0;
 }
+
+} // namespace quilla

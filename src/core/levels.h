@@ -15,6 +15,10 @@ PlotState* existingPlotState();
 // Frees the state of the calling thread, and its slot. For tests and hosts that end their use of the library.
 void freePlotState();
 
+// Slots for n threads, and their end (THRINI, THRFIN). Messages on the standard output.
+void prepareThreads(int n);
+void finishThreads();
+
 // Strict check: stores the routine's lower-case name; null after warning 3 if the level lies outside low..high.
 PlotState* strictCheck(int low, int high, const char* name);
 

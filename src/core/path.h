@@ -30,7 +30,7 @@ struct ClippedPen {
   PlotState* s;
   ClipRegion region;
   float x, y;
-  bool inside; // (x, y) lies in the region
+  bool inside;   // (x, y) lies in the region
   bool down;     // the pen of the device stands at (x, y)
   bool shielded; // lines are cut at shields
 };

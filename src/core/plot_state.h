@@ -30,6 +30,7 @@ struct PlotState {
   PageSetup pageSetup;
   ColorSetup colorSetup;
   DeviceSetup deviceSetup;
+  LibrarySetup librarySetup;
   WindowSetup windowSetup;
   DateSetup dateSetup;
 
@@ -46,6 +47,7 @@ struct PlotState {
   AxisGroup axis;
   MyLabelGroup myLabels;
   CurveGroup curve;
+  IncludeGroup include;
   AreaGroup area;
   LegendGroup legend;
   BarGroup bar;

@@ -38,9 +38,9 @@ void setAxisScale(const char* scale, const char* axes) {
   if (PlotState* s = setterCheck("axsscl")) keywordForAxes(s, "LIN +LOG ", 2, scale, axes, s->axis.axisLogScale);
 }
 
-void setLabelDigits(int digits, const char* axes) {
+void setLabelDigits(const char* name, int digits, const char* axes) {
   constexpr int kAutomatic = -2, kMostDigits = 100;
-  PlotState* s = setterCheck("labdig");
+  PlotState* s = setterCheck(name);
   if (!s || checkRange(s, digits, kAutomatic, kMostDigits) || setChartLabelDigits(s, digits, axes)) return;
   eachAxis(axes, [&](int axis) {
     s->axis.labelAutoDigits[axis] = digits == kAutomatic;
@@ -232,11 +232,11 @@ void LABELS(const char* kind, const char* axes) {
   });
 }
 
-void LABDIG(int digits, const char* axes) { setLabelDigits(digits, axes); }
-void DIGITS(int digits, const char* axes) { setLabelDigits(digits, axes); }
+void LABDIG(int digits, const char* axes) { setLabelDigits("labdig", digits, axes); }
+void DIGITS(int digits, const char* axes) { setLabelDigits("digits", digits, axes); }
 
 void INTAX(void) {
-  if (strictCheck(1, 3, "intax")) setLabelDigits(-1, "xyz");
+  if (strictCheck(1, 3, "intax")) setLabelDigits("intax", -1, "xyz");
 }
 
 void LABPOS(const char* position, const char* axes) {

@@ -285,7 +285,9 @@ void axisClipOn(PlotState* s) {
   flushPath(s);
   int saved[4] = {c.clipX0, c.clipY0, c.clipX1, c.clipY1};
   for (int i = 0; i < 4; i++) c.savedClip[i] = saved[i];
-  bool round = c.clipMode == kClipCircle || (c.clipMode == kClipAuto && s->axis.axisSystemKind == kSystemPolar);
+  bool round = c.clipMode == kClipCircle ||
+               (c.clipMode == kClipAuto &&
+                (s->axis.axisSystemKind == kSystemPolar || s->axis.axisSystemKind == kSystemRealImaginary));
   if (round) {
     c.clipIsCircle = c.axisClipActive = true;
     c.clipCenterX = s->scaling.axisCenterX;

@@ -3,7 +3,9 @@
 #include <cmath>
 #include <span>
 
+#include "core/page.h"
 #include "core/pipeline.h"
+#include "core/shields.h"
 
 namespace quilla {
 
@@ -126,10 +128,9 @@ void drawUserSymbol(PlotState* s, const Frame& f) {
 
 } // namespace
 
-void drawSymbol(PlotState* s, int symbol, int height, float x, float y) {
-  Frame f = frameOf(s, height, x, y);
-  if (s->curve.userSymbolOn && symbol == s->curve.userSymbolId) return drawUserSymbol(s, f);
-  if (symbol < 0 || symbol > kHighestSymbol) return;
+namespace {
+
+void drawShape(PlotState* s, int symbol, const Frame& f) {
   if (symbol == kPlusWithCross) {
     for (Outline outline : kStar) strokeOutline(s, f, outline);
     return;
@@ -143,6 +144,26 @@ void drawSymbol(PlotState* s, int symbol, int height, float x, float y) {
       strokeOutline(s, f, outline);
     }
   }
+}
+
+// Lines that are drawn later keep out of the circle around a symbol (SHIELD "SYMB").
+void shieldSymbol(PlotState* s, int height, float x, float y) {
+  const int data[] = {roundHalfUp(x) + s->page.originX, roundHalfUp(y) + s->page.originY, height / 2};
+  addShield(s, kShieldCircle, kShieldSymbols, data);
+}
+
+} // namespace
+
+void drawSymbol(PlotState* s, int symbol, int height, float x, float y) {
+  Frame f = frameOf(s, height, x, y);
+  if (s->curve.userSymbolOn && symbol == s->curve.userSymbolId) {
+    drawUserSymbol(s, f);
+  } else if (symbol >= 0 && symbol <= kHighestSymbol) {
+    drawShape(s, symbol, f);
+  } else {
+    return;
+  }
+  if (s->shield.shieldAreaOn[kShieldSymbols - 1]) shieldSymbol(s, height, x, y);
 }
 
 } // namespace quilla

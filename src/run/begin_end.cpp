@@ -34,14 +34,6 @@ int resolvedBackground(const PlotState* s) {
   }
 }
 
-// Pixels of screens and rasters: as WINDOW or WINSIZ asked for, else lying or upright like the page.
-void choosePixels(PlotState* s) {
-  const WindowSetup& w = s->windowSetup;
-  bool lying = s->geometry.pageWidth > s->geometry.pageHeight, asked = w.windowPlacementMode != kWindowDefault;
-  s->device.pixelWidth = asked ? w.windowWidth : lying ? kScreenLongSide : kScreenShortSide;
-  s->device.pixelHeight = asked ? w.windowHeight : lying ? kScreenShortSide : kScreenLongSide;
-}
-
 // The plot file gets its name and is opened before another thread may look for a name.
 bool openDevice(PlotState* s) {
   ProcessLock lock;
@@ -94,10 +86,9 @@ void QUIINI(void) {
   }
   s->colorState.backgroundMode = resolvedBackground(s);
   startPage(s);
-  s->device = DeviceGroup{.postScript = s->device.postScript, .pdf = s->device.pdf};
+  s->device = DeviceGroup{.postScript = s->device.postScript, .pdf = s->device.pdf, .ply = s->device.ply};
   s->path = PathState{};
   s->dash = DashState{};
-  choosePixels(s);
   if (!openDevice(s)) {
     s->level.plotLevel = kLevelNone;
     return;

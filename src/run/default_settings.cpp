@@ -7,6 +7,7 @@
 #include "graph2d/area.h"
 #include "graph2d/axis_system.h"
 #include "graph2d/legend.h"
+#include "graph2d/symbols.h"
 #include "text/text.h"
 
 namespace quilla {
@@ -20,6 +21,15 @@ constexpr int kDefaultFont = 1; // QUIALF
 constexpr int kPostDevice = 501;
 
 int atLeastOne(int value) { return value < 1 ? 1 : value; }
+
+// A symbol inside a text, turned with it. (x, y) is a page point with ORIGIN in it.
+void drawTextSymbol(PlotState* s, int n, float x, float y, float height, float angle) {
+  const float symbolAngle = s->curve.symbolAngle;
+  s->curve.symbolAngle = angle;
+  drawSymbol(s, n, roundHalfUp(height), x - static_cast<float>(s->page.originX),
+             y - static_cast<float>(s->page.originY));
+  s->curve.symbolAngle = symbolAngle;
+}
 
 } // namespace
 
@@ -77,10 +87,12 @@ void applyDefaultSettings(PlotState* s) {
   s->legend = LegendGroup{};
   s->legendState.handMode = false;
   resetCycle(s);
+  s->include = IncludeGroup{};
   forgetRecords(s);
   s->shading = ShadingGroup{};
   s->text = defaultTextGroup(s);
   s->textState = TextState{};
+  s->textState.symbolDrawer = drawTextSymbol;
   s->font = FontGroup{};
   installFont(s, kDefaultFont);
   sinkLineCap(s, s->line.lineCap);

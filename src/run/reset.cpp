@@ -161,8 +161,12 @@ constexpr ResetRow kResetRows[] = {
      s->text.shiftCharsOn = false;
    }},
     {"EXPZ", nullptr},
-    {"FILB", nullptr},
-    {"FILC", nullptr},
+    {"FILB", [](PlotState* s, const Defaults&) {
+     s->include.fileBoxSet = false;
+   }},
+    {"FILC", [](PlotState* s, const Defaults&) {
+     s->include.ignoreFileColors = false;
+   }},
     {"FIXS", [](PlotState* s, const Defaults&) {
      s->text.fixedSpacingOn = false;
    }},
@@ -348,7 +352,9 @@ constexpr ResetRow kResetRows[] = {
     {"SETS", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.autoScaled, d.axis.autoScaled);
    }},
-    {"SHDC", nullptr},
+    {"SHDC", [](PlotState* s, const Defaults&) {
+     s->text.shadeCharacters = false;
+   }},
     {"SHDP", [](PlotState* s, const Defaults&) {
      float factor = s->shading.shadeFactor;
      s->shading = ShadingGroup{};

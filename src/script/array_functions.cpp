@@ -47,11 +47,11 @@ void copy_elements(ScriptValue& to, std::int64_t at, const ScriptValue& from, st
 }
 
 // 0, 1, ..., n-1
-void count_up(int first, Tag type) {
+template <typename T> void count_up(int first, Tag type) {
   const ScriptValue* n = resolve_operand(first);
   ScriptValue result{};
   if (!n || !make_plain(result, type, n->value.i)) return;
-  for (int i = 0; i < result.count; ++i) write_number(element_of(type), result.value.data, i, i);
+  for (int i = 0; i < result.count; ++i) elements<T>(result)[i] = static_cast<T>(i);
   replace_operands(first, result);
 }
 
@@ -74,9 +74,9 @@ void extreme(int first, const char* name, bool largest) {
 
 } // namespace
 
-void fn_ialloc(int first) { count_up(first, kIntArray); }
-void fn_falloc(int first) { count_up(first, kFloatArray); }
-void fn_dalloc(int first) { count_up(first, kDoubleArray); }
+void fn_ialloc(int first) { count_up<std::int32_t>(first, kIntArray); }
+void fn_falloc(int first) { count_up<float>(first, kFloatArray); }
+void fn_dalloc(int first) { count_up<double>(first, kDoubleArray); }
 
 void fn_minarr(int first) { extreme(first, "MINARR", false); }
 void fn_maxarr(int first) { extreme(first, "MAXARR", true); }

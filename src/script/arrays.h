@@ -1,7 +1,7 @@
 // Declarations, array literals, element assignment and FREE.
 #pragma once
 
-#include "script/script_value.h"
+#include "script/expression_code.h"
 
 namespace qsl {
 
@@ -13,6 +13,9 @@ void assign_array_literal(const char* name);
 
 // name[subscripts] = expression: the tokeniser stands behind the bracket.
 void assign_elements(const char* name);
+
+// The same with subscripts and expression compiled.
+void assign_selected(const KnownName& name, const Code& subscripts, const Code& expression);
 
 // FREE name, name, ...
 void free_names();

@@ -6,8 +6,8 @@ namespace qsl {
 struct FunctionRow {
   const char* name;
   const char* signature;
-  int mode;               // ArgumentMode of the arguments
-  void (*run)(int first); // null: not written yet
+  int mode; // ArgumentMode of the arguments
+  void (*run)(int first);
 };
 
 inline constexpr int kFunctionCount = 94;

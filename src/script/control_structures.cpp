@@ -1,59 +1,51 @@
 #include "script/control_structures.h"
 
+#include <algorithm>
 #include <cstring>
-#include <span>
 
-#include "script/report.h"
+#include "script/statement_reader.h"
 #include "script/tokenizer.h"
 
 namespace qsl {
-namespace {
 
-bool is_one_of(const char* name, std::span<const char* const> words) {
-  for (const char* word : words)
-    if (std::strcmp(name, word) == 0) return true;
-  return false;
+bool ends_construct(const char* first, const char* word) {
+  return std::strcmp(first, "END") == 0 && token() == kIdentifier && std::strcmp(token_name(), word) == 0;
 }
 
-// END and the identifier behind it.
-bool ends_construct(const char* first, std::span<const char* const> words) {
-  return std::strcmp(first, "END") == 0 && token() == kIdentifier && is_one_of(token_name(), words);
+void sum_skip_flags() {
+  const SkipFlags& s = interp.control.skip;
+  interp.control.skip_sum = s.branch + s.forward_goto + s.loop + s.no_case + s.rest_of_switch + s.rest_of_routine;
 }
 
-bool claim(const char* name) {
-  if (interp.control.skip_sum == 0) report_unavailable("Statement", name);
-  return true;
+// The replay loop adds 1 behind a statement that is itself being replayed.
+void continue_at(int position) {
+  ReaderState& r = interp.reader;
+  r.saved_cursor = replaying() ? position - 1 : position;
 }
 
-} // namespace
-
-bool run_if_family(const char*, const char* first) {
-  constexpr const char* kWords[] = {"IF", "ELSEIF", "ELSE", "ENDIF"};
-  constexpr const char* kEnds[] = {"IF"};
-  if (ends_construct(first, kEnds)) return claim("END IF");
-  return is_one_of(first, kWords) && claim(first);
+void forget_statements(int from) {
+  ReaderState& r = interp.reader;
+  const int position = std::clamp(from, 0, r.saved_count);
+  const bool replay = replaying();
+  free_saved_statements(position);
+  if (r.saved_cursor >= position) r.saved_cursor = replay ? position - 1 : position;
 }
 
-bool run_loop_family(const char*, const char* first) {
-  constexpr const char* kWords[] = {"DO", "WHILE"};
-  if (ends_construct(first, kWords)) return claim(std::strcmp(token_name(), "DO") == 0 ? "END DO" : "END WHILE");
-  return is_one_of(first, kWords) && claim(first);
+bool labels_used_up_to(int level) {
+  const bool* used = interp.control.labels_in_use;
+  return std::any_of(used, used + level + 1, [](bool u) { return u; });
 }
 
-bool run_switch_family(const char*, const char* first) {
-  constexpr const char* kWords[] = {"SWITCH", "CASE", "DEFAULT"};
-  constexpr const char* kEnds[] = {"SWITCH"};
-  if (ends_construct(first, kEnds)) return claim("END SWITCH");
-  return is_one_of(first, kWords) && claim(first);
+void drop_constructs() {
+  ControlState& c = interp.control;
+  c.skip = {};
+  c.if_depth = c.loop_depth = c.switch_depth = 0;
+  c.pending_jump = kNoJump;
+  for (int level = 0; level <= kRoutineLevels; ++level) erase_labels(level);
+  interp.reader.recording = false;
+  free_saved_statements(0);
+  interp.reader.saved_cursor = 0;
+  sum_skip_flags();
 }
-
-// The main script ignores an END of its own.
-bool run_routine_end(const char* first) { return std::strcmp(first, "END") == 0 && token() == kEnd; }
-
-void run_label(const char*) { claim("label"); }
-
-void run_function_call(const char*, const char*) { claim("FUNCTION"); }
-
-bool end_of_source() { return false; }
 
 } // namespace qsl

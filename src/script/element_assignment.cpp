@@ -62,29 +62,47 @@ bool can_be_target(const ScriptValue& v, const char* name, const SubscriptList& 
   return false;
 }
 
-} // namespace
-
-void assign_elements(const char* name) {
-  const int index = find_variable(name);
-  if (index < 0) return report_error_text("Undefined variable", name);
-  SubscriptList list{};
-  clear_stack(0);
-  interp.stack.overflow = false;
-  next_token();
-  if (!parse_subscripts(name, list)) return;
-  if (token() != '=') {
-    if (token() != kErrorToken) report_error_char("Syntax error - Expected", '=');
-    return;
-  }
+// The elements that the subscripts select take the value of the expression.
+void assign_selection(int index, const char* name, SubscriptList& list, const Code& expression) {
   const ScriptValue before = variable(index);
   if (!check_selection(variable(index), name, list) || !can_be_target(variable(index), name, list)) return;
-  const int n = evaluate(false);
+  const int n = run_list(expression);
   ScriptValue& v = variable(index);
   // A function on the right side may have replaced the variable.
   const bool same = v.type == before.type && v.value.data == before.value.data && v.count == before.count;
   if (n > 0 && operand(0).type != kFree && (same || check_selection(v, name, list)))
     store_selection(v, list, operand(0));
   clear_stack(0);
+}
+
+} // namespace
+
+void assign_elements(const char* name) {
+  const int index = find_variable(name);
+  if (index < 0) return report_error_text("Undefined variable", name);
+  Code* subscripts = compile_subscripts(name);
+  if (!subscripts) return;
+  const TokenState behind = interp.token;
+  SubscriptList list{};
+  const bool good = run_subscripts(*subscripts, list);
+  free_code(subscripts);
+  interp.token = behind;
+  if (!good) return;
+  if (token() != '=') {
+    if (token() != kErrorToken) report_error_char("Syntax error - Expected", '=');
+    return;
+  }
+  if (Code* expression = compile_list(false)) {
+    assign_selection(index, name, list, *expression);
+    free_code(expression);
+  }
+}
+
+void assign_selected(const KnownName& name, const Code& subscripts, const Code& expression) {
+  const int index = find_known(name);
+  if (index < 0) return report_error_text("Undefined variable", name.text);
+  SubscriptList list;
+  if (run_subscripts(subscripts, list)) assign_selection(index, name.text, list, expression);
 }
 
 } // namespace qsl

@@ -1,17 +1,13 @@
-// Expressions: a recursive descent over the tokens that works on the operand stack at once.
+// Expressions: compiled to operations, which work on the operand stack.
 #pragma once
 
+#include "script/expression_code.h"
 #include "script/operand_stack.h"
 #include "script/tokenizer.h"
 
 namespace qsl {
 
-// How an identifier is pushed as an argument of a built-in function.
-enum ArgumentMode : int {
-  kByValue = 0,     // a copy; an unknown name is an error
-  kAliasArrays = 1, // an alias of strings and arrays, a copy of others; an unknown name as an alias without target
-  kAliasAlways = 2
-};
+struct SubscriptList;
 
 inline constexpr int kNothing = -1;
 
@@ -20,10 +16,7 @@ inline constexpr int kNothing = -1;
 // operands, or kNothing if there were no more tokens; 0 only after a diagnostic.
 int evaluate(bool alias_mode);
 
-// One expression from the current token on, its value on top of the stack.
-void parse_expression();
-
-// The current token must be this character; reads the next one. Else "Syntax error - Expected" and the character.
-bool expect(char character);
+// Runs the subscripts of an element assignment. False after a message.
+bool run_subscripts(const Code& code, SubscriptList& list);
 
 } // namespace qsl

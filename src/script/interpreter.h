@@ -27,6 +27,14 @@ struct DriverState {
   long diagnostics;   // messages printed so far
 };
 
+// A statement that may run again.
+struct Decision;
+struct SavedStatement {
+  char* text;         // owned
+  int expansion;      // saved statements behind it that are the text of the routine which it calls
+  Decision* decision; // what the text has decided, null before the first replay; owned
+};
+
 struct Source {
   std::FILE* stream;
   char name[kFileNameLength + 1];
@@ -45,10 +53,12 @@ struct ReaderState {
   int parenthesis_depth;
   bool continued;
   bool overflow;
-  char* saved[kSavedStatements]; // the statement buffer
+  SavedStatement saved[kSavedStatements]; // the statement buffer
   int saved_count;
   int saved_cursor;
   bool recording;
+  const char* running; // the statement that runs
+  bool last_saved;     // it has just been saved
 };
 
 // tokenizer.cpp
@@ -69,20 +79,91 @@ struct VariableState {
   ScriptValue slots[kVariables];
   std::int16_t chain_head[kNameBuckets]; // slot plus 1, 0 for none
   std::int16_t chain_next[kVariables];
+  std::uint16_t bucket[kVariables]; // of the slot's name
   std::uint64_t used[kSlotWords];
   int level; // current routine level
 };
 
+// labels.cpp
 struct Label {
-  std::int32_t position; // in the statement buffer
+  std::int32_t position; // in the statement buffer, -1 if the label could not be saved
   std::int8_t level, in_use, if_depth, loop_depth, switch_depth, skip_sum;
   char name[kNameLength + 1];
 };
+struct ForwardGoto {
+  char name[kNameLength + 1];
+  int if_depth, loop_depth, switch_depth;
+};
+
+// if_family.cpp: one record for each open IF.
+struct IfRecord {
+  int branch_taken, branch_active;
+  int loop_depth, switch_depth; // at the opening
+};
+
+// loop_family.cpp: one record for each open loop.
+enum LoopKind : std::int8_t { kDoLoop, kWhileLoop };
+struct LoopRecord {
+  LoopKind kind;
+  bool opened_skipping;
+  int if_depth, switch_depth; // at the opening
+  int start;                  // where a pass begins in the statement buffer, -1: the loop cannot go back
+  int variable;               // its slot
+  char name[kNameLength + 1]; // of the variable
+  Tag type;                   // of the loop: INT or DOUBLE
+  std::int32_t int_limit, int_step;
+  double double_limit, double_step;
+};
+
+// switch_family.cpp: one record for each open SWITCH.
+struct SwitchRecord {
+  std::int32_t selector;
+  int if_depth, loop_depth; // at the opening
+};
+
+// user_routines.cpp: one record for each routine level from 1 on.
+enum FrameKind : std::int8_t { kSubroutineFrame, kFunctionFrame, kCallbackFrame, kValueCallbackFrame };
+struct RoutineFrame {
+  FrameKind kind;
+  bool from_file;       // its statements are read from a source of its own, not replayed
+  int passed, keywords; // arguments given, and how many of them by keyword
+  int result;           // slot that takes the value of a FUNCTION
+  int start;            // saved statements at the call
+  int call;             // position of the saved statement that called, -1 if it was not saved
+  // Saved statements behind the call that wait until the routine's text has been read in front of them.
+  SavedStatement* waiting;
+  int waiting_count;
+};
+
+// What the next pass over a loop or the rest of it does.
+enum Jump : int { kNoJump, kContinueJump, kBreakJump };
+
+// Why statements are passed over.
+struct SkipFlags {
+  bool branch, forward_goto, loop, no_case, rest_of_switch, rest_of_routine;
+};
 
 struct ControlState {
-  int skip_sum; // statements are read and thrown away while it is not 0
+  SkipFlags skip;
+  int skip_sum; // of the flags: statements are read and thrown away while it is not 0
+  int if_depth, loop_depth, switch_depth;
+  IfRecord ifs[kNestedIfs];
+  LoopRecord loops[kNestedLoops];
+  SwitchRecord switches[kNestedSwitches];
+  int pending_jump;       // Jump
+  int jump_level;         // loop depth that a skip belongs to
+  int break_switch_level; // SWITCH depth that a BREAK belongs to
+  bool last_is_switch;    // the construct last opened is a SWITCH
   Label labels[kLabels];
   bool labels_in_use[kRoutineLevels + 1];
+  ForwardGoto forward;
+  RoutineFrame frames[kRoutineLevels + 1]; // by level, 0 is the main script
+  char routine_name[kNameLength + 1];      // called last
+  std::int16_t arguments[kVariables];      // slots of that call's arguments
+  int argument_count;
+  bool call_made;         // the statement that runs has opened a frame
+  bool callback_ended;    // the innermost statement loop returns to the library
+  double callback_result; // value of the callback that ended last
 };
 
 // operand_stack.cpp, evaluator.cpp
@@ -90,7 +171,6 @@ struct StackState {
   ScriptValue entries[kOperands];
   int count;
   bool overflow; // an operand did not fit: the statement is given up
-  int argument_mode;
 };
 
 // data_file.cpp
@@ -103,6 +183,15 @@ struct DataState {
   int rows, columns, full;
 };
 
+// file_functions.cpp: the files of FOPEN.
+enum FileClass : std::int8_t { kReadText, kWriteText, kReadBinary, kWriteBinary, kUpdateText, kUpdateBinary };
+struct ScriptFile {
+  std::FILE* stream;
+  FileClass file_class;
+  bool in_use;
+  bool console; // the standard input or output, which stays open
+};
+
 // system_variables.cpp, quick_plots.cpp
 struct QuickPlotState {
   float axis[3][4]; // start, end, first label, step
@@ -111,7 +200,8 @@ struct QuickPlotState {
 // other_functions.cpp
 struct FunctionState {
   bool clock_called;
-  double clock_last; // milliseconds of processor time
+  double clock_last;    // milliseconds of processor time
+  std::uint32_t random; // state of RAND
 };
 
 struct Interpreter {
@@ -122,6 +212,7 @@ struct Interpreter {
   ControlState control;
   StackState stack;
   DataState data;
+  ScriptFile files[kScriptFiles];
   QuickPlotState quick;
   FunctionState functions;
 };

@@ -1,11 +1,13 @@
 #include "script/keywords.h"
 
 #include "script/arrays.h"
+#include "script/control_structures.h"
 #include "script/list_statement.h"
 #include "script/name_index.h"
 #include "script/print_statements.h"
 #include "script/quick_plots.h"
 #include "script/report.h"
+#include "script/user_routines.h"
 #include "script/user_statements.h"
 
 namespace qsl {
@@ -60,7 +62,7 @@ enum Keyword : int {
 
 int find_keyword(const char* name) { return kIndex.find(name); }
 
-void run_keyword(int keyword, const char*) {
+void run_keyword(int keyword, const char* text) {
   switch (static_cast<Keyword>(keyword)) {
   case kByteType: return declare_arrays(kByte);
   case kCharType: return declare_arrays(kChar);
@@ -79,18 +81,18 @@ void run_keyword(int keyword, const char*) {
   case kExit: return run_exit();
   case kPlot: return run_plot(false);
   case kScattr: return run_plot(true);
-  case kBreak:
-  case kCall:
-  case kContinue:
+  case kBreak: return run_break();
+  case kCall: return run_call(text);
+  case kContinue: return run_continue();
+  case kExtern: return run_extern();
+  case kFunction: return run_header(true);
+  case kGoto: return run_goto();
+  case kReturn: return run_return();
+  case kSubroutine: return run_header(false);
   case kConshade:
   case kContour:
-  case kExtern:
-  case kFunction:
-  case kGoto:
   case kPlot3:
   case kPlot3r:
-  case kReturn:
-  case kSubroutine:
   case kSurf3:
   case kSurface:
   case kSurshade: return report_unavailable("Statement", kKeywordNames[keyword]);

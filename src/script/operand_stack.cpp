@@ -28,6 +28,13 @@ void push_double(double number) {
   if (ScriptValue* v = push_operand()) set_double(*v, number);
 }
 
+void push_number(const ScriptValue& number) {
+  if (ScriptValue* v = push_operand()) {
+    v->type = number.type;
+    v->value = number.value;
+  }
+}
+
 void push_copy(const ScriptValue& source) {
   if (ScriptValue* v = push_operand(); v && !copy_value(*v, source)) --interp.stack.count;
 }

@@ -13,6 +13,8 @@ inline ScriptValue& top_operand() { return operand(operand_count() - 1); }
 ScriptValue* push_operand();
 void push_int(std::int32_t number);
 void push_double(double number);
+// The value of an INT or DOUBLE.
+void push_number(const ScriptValue& v);
 void push_copy(const ScriptValue& v);
 void push_alias(int index, const char* name);
 

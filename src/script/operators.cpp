@@ -294,12 +294,23 @@ void negate_operand() {
   if (!negate_value(top_operand())) report_error(kNotAllowed);
 }
 
+namespace {
+
+// Whether the operands have values and one is an array of numbers. Borrowed arrays need no copy then.
+bool array_takes_part() {
+  if (interp.stack.overflow || operand_count() < 2) return false;
+  const ScriptValue *a = peek_operand(operand_count() - 2), *b = peek_operand(operand_count() - 1);
+  return a && b && a->type != kFree && b->type != kFree && (a->type >= kByteArray || b->type >= kByteArray);
+}
+
+} // namespace
+
 void binary_operation(int kind) {
+  if (array_takes_part()) return array_operation(kind);
   ScriptValue* left = left_of_two();
   if (!left) return;
   ScriptValue& a = *left;
   ScriptValue& b = *(left + 1);
-  if (a.type >= kByteArray || b.type >= kByteArray) return array_operation(kind);
   if (!unify(a, b)) {
     free_value(a); // no usable value is left of this expression
     return drop_top();

@@ -12,6 +12,7 @@
 #include "script/operand_stack.h"
 #include "script/report.h"
 #include "script/script_files.h"
+#include "script/user_routines.h"
 #include "script/user_statements.h"
 
 namespace qsl {
@@ -70,6 +71,9 @@ void fn_vardim(int first) {
   const int extent = k > v->ndim ? 0 : v->ndim > 1 ? v->dims[k - 1] : v->count;
   replace_by_int(first, extent);
 }
+
+void fn_argcnt(int first) { replace_by_int(first, current_frame().passed); }
+void fn_keycnt(int first) { replace_by_int(first, current_frame().keywords); }
 
 void fn_getarg(int first) {
   const int n = int_at(first);
@@ -138,11 +142,17 @@ void fn_time(int first) {
   replace_by_text(first, text);
 }
 
-// 15 bits of the generator, so that the quotient lies from 0 to 1 on every platform.
-void fn_rand(int first) { replace_by_double(first, ((std::rand() >> 8) & 0x7FFF) / 32767.0); }
+// The generator that the C standard gives as an example: 15 bits, the same numbers on every platform.
+void fn_rand(int first) {
+  constexpr std::uint32_t kFactor = 1103515245, kSummand = 12345;
+  constexpr double kLargest = 32767.0;
+  std::uint32_t& state = interp.functions.random;
+  state = state * kFactor + kSummand;
+  replace_by_double(first, static_cast<double>((state >> 16) & 0x7FFFU) / kLargest);
+}
 
 void fn_srand(int first) {
-  std::srand(static_cast<unsigned>(int_at(first)));
+  interp.functions.random = static_cast<std::uint32_t>(int_at(first));
   replace_by_int(first, 0);
 }
 

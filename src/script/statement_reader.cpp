@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "script/decided_statement.h"
 #include "script/report.h"
 #include "script/script_files.h"
 #include "script/variables.h"
@@ -88,21 +89,31 @@ bool assemble_record(const char* record) {
   return r.statement_length > 0;
 }
 
-void save_statement(const char* text) {
+bool save_statement(const char* text) {
   ReaderState& r = interp.reader;
   const std::size_t length = std::strlen(text);
-  if (length == 0) return;
-  if (r.saved_count == kSavedStatements) return report_error("Too many statements in the statement buffer");
+  if (length == 0) return false;
+  if (r.saved_count == kSavedStatements) {
+    report_error("Too many statements in the statement buffer");
+    return false;
+  }
   char* copy = static_cast<char*>(allocate(static_cast<std::int64_t>(length)));
-  if (!copy) return;
+  if (!copy) return false;
   std::memcpy(copy, text, length + 1);
-  r.saved[r.saved_count++] = copy;
+  r.saved[r.saved_count++] = {copy, 0, nullptr};
   ++r.saved_cursor;
+  return true;
+}
+
+void free_statement(SavedStatement& statement) {
+  free_decision(statement.decision);
+  std::free(statement.text);
+  statement = {};
 }
 
 void free_saved_statements(int first) {
   ReaderState& r = interp.reader;
-  while (r.saved_count > first) std::free(r.saved[--r.saved_count]);
+  while (r.saved_count > first) free_statement(r.saved[--r.saved_count]);
 }
 
 } // namespace qsl

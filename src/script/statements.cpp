@@ -7,11 +7,13 @@
 #include "script/assignment.h"
 #include "script/binding.h"
 #include "script/control_structures.h"
+#include "script/decided_statement.h"
 #include "script/keywords.h"
 #include "script/report.h"
 #include "script/script_files.h"
 #include "script/statement_reader.h"
 #include "script/tokenizer.h"
+#include "script/user_routines.h"
 #include "script/user_statements.h"
 #include "script/variables.h"
 
@@ -28,13 +30,16 @@ bool go_on_after_end_of_source() {
   return end_of_source();
 }
 
-// Executes the statement just read, then the saved ones below the cursor.
-void execute_and_replay() {
+// Executes the saved statements below the cursor. The text of a routine behind a call that was not made is left out.
+void replay_statements() {
   ReaderState& r = interp.reader;
-  execute_statement(r.statement);
-  while (r.saved_cursor < r.saved_count && !interp.driver.ended) {
-    execute_statement(r.saved[r.saved_cursor]);
-    ++r.saved_cursor;
+  while (replaying() && !interp.driver.ended && !interp.control.callback_ended) {
+    const int at = r.saved_cursor, expansion = r.saved[at].expansion;
+    interp.control.call_made = false;
+    run_saved_statement(r.saved[at]);
+    const bool leave_out = expansion > 0 && !interp.control.call_made && r.saved_cursor == at;
+    if (leave_out) r.saved_cursor += expansion;
+    if (!interp.control.call_made || replaying()) ++r.saved_cursor;
   }
 }
 
@@ -58,13 +63,14 @@ const char* behind_keyword(const char* text) {
 void run_statements() {
   ReaderState& r = interp.reader;
   DriverState& d = interp.driver;
-  while (!d.ended) {
+  while (!d.ended && !interp.control.callback_ended) {
     if (d.interactive_mode) {
       std::fputs("QSL> ", stdout);
       std::fflush(stdout);
     }
     if (!read_record()) {
       if (!go_on_after_end_of_source()) return;
+      replay_statements();
       continue;
     }
     if (d.interactive_mode && d.log_active) std::fputs(r.record, d.log_file);
@@ -73,13 +79,22 @@ void run_statements() {
       if (d.interactive_mode) std::putchar('\n');
       continue;
     }
-    if (!is_comment_record(r.record) && assemble_record(r.record)) execute_and_replay();
+    if (is_comment_record(r.record) || !assemble_record(r.record)) continue;
+    execute_statement(r.statement);
+    replay_statements();
   }
 }
 
-void execute_by_second_token(const char* text, const char* first) {
+namespace {
+
+// What the second token decides. first: the first token's text; the tokeniser stands behind the second token.
+void execute_by_second_token(const char* text, const char* first, bool identifier) {
+  if (!identifier && (token() == '(' || token() == '=' || token() == '[' || token() == ':')) {
+    if (!skipping()) report_error("Syntax error");
+    return;
+  }
   if (token() == ':') return run_label(first);
-  if (interp.control.skip_sum != 0) return;
+  if (skipping()) return;
   switch (token()) {
   case '(': return run_routine_statement(text, first);
   case '=': return run_assignment(text, first);
@@ -93,24 +108,34 @@ void execute_by_second_token(const char* text, const char* first) {
   run_keyword(keyword, text);
 }
 
+} // namespace
+
+void execute_plain(const char* text) {
+  set_token_source(text);
+  if (next_token() == kEnd || token() == kErrorToken) return;
+  char first[kNameLength + 1];
+  keep_first_token(text, first);
+  const bool identifier = token() == kIdentifier;
+  next_token();
+  execute_by_second_token(text, first, identifier);
+}
+
 void execute_statement(const char* text) {
   ReaderState& r = interp.reader;
+  r.running = text;
+  r.last_saved = false;
   set_token_source(text);
   if (next_token() == kEnd || token() == kErrorToken) return;
   char first[kNameLength + 1];
   keep_first_token(text, first);
   const bool identifier = token() == kIdentifier;
   if (identifier && std::strcmp(first, "INCLUDE") == 0) return run_include();
-  if (r.recording && r.saved_cursor == r.saved_count) save_statement(text);
+  if (r.recording && !replaying()) r.last_saved = save_statement(text);
   next_token();
   if (identifier && (run_if_family(text, first) || run_loop_family(text, first) || run_switch_family(text, first) ||
                      run_routine_end(first)))
     return;
-  if (!identifier && (token() == '(' || token() == '=' || token() == '[' || token() == ':')) {
-    if (interp.control.skip_sum == 0) report_error("Syntax error");
-    return;
-  }
-  execute_by_second_token(text, first);
+  execute_by_second_token(text, first, identifier);
 }
 
 } // namespace qsl

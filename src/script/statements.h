@@ -9,8 +9,7 @@ void run_statements();
 // Executes one statement. The text must stay as it is until the call returns.
 void execute_statement(const char* text);
 
-// The part of it behind the first token: the second token decides. first: the first token's text; the tokeniser
-// stands behind the second token. Also runs the statement behind a one-line IF.
-void execute_by_second_token(const char* text, const char* first);
+// Executes the statement behind a one-line IF: it may be anything that the second token decides, but no construct.
+void execute_plain(const char* text);
 
 } // namespace qsl

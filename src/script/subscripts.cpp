@@ -8,61 +8,9 @@
 namespace qsl {
 namespace {
 
-// An expression as a bound, taken from the stack. False after a message.
-bool parse_bound(std::int32_t& bound) {
-  const int depth = operand_count();
-  parse_expression();
-  const bool valued = operand_count() == depth + 1 && top_operand().type != kFree;
-  const bool integer = valued && top_operand().type == kInt;
-  if (integer) bound = top_operand().value.i;
-  if (valued && !integer) report_error("Subscripts must be of type integer");
-  clear_stack(depth);
-  return integer;
-}
-
-bool at_subscript_end() { return token() == ',' || token() == ']'; }
-
-// One subscript into place k.
-bool parse_subscript(SubscriptList& list, int k) {
-  list.lower[k] = 0;
-  list.upper[k] = 0;
-  if (token() == '*') {
-    list.kinds[k] = kWholeExtent;
-    next_token();
-    return true;
-  }
-  bool good = true;
-  list.kinds[k] = kIndex;
-  if (token() != ':') good = parse_bound(list.lower[k]);
-  list.upper[k] = list.lower[k];
-  if (token() != ':') return good;
-  next_token();
-  list.kinds[k] = at_subscript_end() ? kOpenRange : kRange;
-  if (list.kinds[k] == kRange) good &= parse_bound(list.upper[k]);
-  return good;
-}
-
 std::int32_t extent_of(const ScriptValue& v, int k) { return v.ndim > 1 ? v.dims[k] : v.count; }
 
 } // namespace
-
-bool parse_subscripts(const char* name, SubscriptList& list) {
-  bool good = true;
-  list.number = 0;
-  for (;;) {
-    SubscriptList spare; // takes what does not fit
-    const bool fits = list.number < kSubscripts;
-    good &= parse_subscript(fits ? list : spare, fits ? list.number : 0);
-    ++list.number;
-    if (token() != ',') break;
-    next_token();
-  }
-  if (list.number > kSubscripts) {
-    report_error_text("Too many subscripts in", name);
-    good = false;
-  }
-  return expect(']') && good;
-}
 
 bool check_selection(const ScriptValue& v, const char* name, SubscriptList& list) {
   if (v.type < kString) {
@@ -151,9 +99,7 @@ void push_part(const ScriptValue& v, const SubscriptList& list) {
 
 } // namespace
 
-void push_selection(int index, const char* name) {
-  SubscriptList list{};
-  if (!parse_subscripts(name, list) || index < 0) return;
+void push_selection(int index, const char* name, SubscriptList& list) {
   const ScriptValue& v = variable(index);
   if (!check_selection(v, name, list)) return;
   if (list.count == 1) return push_element(v, begin_walk(v, list).flat);

@@ -14,14 +14,11 @@ struct SubscriptList {
   std::int32_t lower[kSubscripts], upper[kSubscripts];
 };
 
-// Subscripts from the current token on, up to and with ']'. False after a message.
-bool parse_subscripts(const char* name, SubscriptList& list);
-
 // Checks a selection against a variable and fills bounds and count. False after a message.
 bool check_selection(const ScriptValue& v, const char* name, SubscriptList& list);
 
-// Parses and pushes the selected elements of a variable, from the token behind '['. Index -1: parses only.
-void push_selection(int index, const char* name);
+// Checks a selection and pushes the selected elements of a variable.
+void push_selection(int index, const char* name, SubscriptList& list);
 
 // Steps through the flat indices of a checked selection in row-major order.
 struct SelectionWalk {

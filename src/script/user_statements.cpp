@@ -11,6 +11,7 @@
 #include "quilla/quilla.h"
 #include "script/data_file.h"
 #include "script/evaluator.h"
+#include "script/file_functions.h"
 #include "script/report.h"
 #include "script/script_files.h"
 
@@ -105,6 +106,7 @@ void run_logoff() {
 void run_exit() {
   close_log();
   close_data_file();
+  close_script_files();
   interp.driver.ended = true;
 }
 

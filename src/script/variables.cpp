@@ -19,7 +19,8 @@ unsigned bucket_of(const char* name) {
 // Enters a slot into the chain of its name, in slot order.
 void chain_in(int index) {
   VariableState& t = interp.variables;
-  std::int16_t* link = &t.chain_head[bucket_of(t.slots[index].name)];
+  t.bucket[index] = static_cast<std::uint16_t>(bucket_of(t.slots[index].name));
+  std::int16_t* link = &t.chain_head[t.bucket[index]];
   while (*link != 0 && *link - 1 < index) link = &t.chain_next[*link - 1];
   t.chain_next[index] = *link;
   *link = static_cast<std::int16_t>(index + 1);
@@ -27,7 +28,7 @@ void chain_in(int index) {
 
 void chain_out(int index) {
   VariableState& t = interp.variables;
-  std::int16_t* link = &t.chain_head[bucket_of(t.slots[index].name)];
+  std::int16_t* link = &t.chain_head[t.bucket[index]];
   while (*link != index + 1) link = &t.chain_next[*link - 1];
   *link = t.chain_next[index];
 }
@@ -51,7 +52,7 @@ void mark_slot(int index, bool used) {
 void set_name(char* target, const char* name) {
   int n = 0;
   for (; n < kNameLength && name[n]; ++n) target[n] = name[n];
-  target[n] = 0;
+  std::memset(target + n, 0, static_cast<std::size_t>(kNameLength + 1 - n));
 }
 
 void* allocate(std::int64_t size) {
@@ -134,6 +135,27 @@ int find_variable(const char* name) {
   return target >= 0 && slot_in_use(target) ? target : -1;
 }
 
+KnownName known_name(const char* text) {
+  KnownName name;
+  set_name(name.text, text);
+  name.bucket = static_cast<std::uint16_t>(bucket_of(name.text));
+  name.system = is_system_name(text);
+  return name;
+}
+
+int find_known(const KnownName& name) {
+  const VariableState& t = interp.variables;
+  for (int link = t.chain_head[name.bucket]; link != 0; link = t.chain_next[link - 1]) {
+    const ScriptValue& v = t.slots[link - 1];
+    if (std::memcmp(v.name, name.text, sizeof name.text) != 0) continue;
+    if ((v.level != t.level && !name.system) || v.type == kFree) continue;
+    if (v.type != kAlias) return link - 1;
+    const int target = v.value.index;
+    return target >= 0 && slot_in_use(target) ? target : -1;
+  }
+  return -1;
+}
+
 int new_variable(const char* name, int level) {
   const int index = lowest_free_slot();
   if (index < 0) {
@@ -162,7 +184,7 @@ void release_slot(int index) {
 }
 
 void free_variable(int index) {
-  if (slot_in_use(index)) release_slot(index);
+  if (index >= 0 && slot_in_use(index)) release_slot(index);
 }
 
 void move_value(ScriptValue& target, ScriptValue& value) {
@@ -176,8 +198,12 @@ void move_value(ScriptValue& target, ScriptValue& value) {
 }
 
 void free_level(int level) {
-  for (int i = 0; i < kVariables; ++i)
-    if (slot_in_use(i) && variable(i).level == level) free_variable(i);
+  for (int word = 0; word < kSlotWords; ++word) {
+    for (std::uint64_t used = interp.variables.used[word]; used != 0; used &= used - 1) {
+      const int index = word * 64 + std::countr_zero(used);
+      if (variable(index).level == level) release_slot(index);
+    }
+  }
 }
 
 int store_value(ScriptValue& value, int index) {

@@ -22,7 +22,16 @@ bool set_string(ScriptValue& v, const char* text);
 // First used slot, in table order, of that name at the current level or of a system variable; the target of an
 // alias, which may be -1; -1 if there is none.
 int find_variable(const char* name);
-// The same without following an alias.
+// A name with the place where it is looked for.
+struct KnownName {
+  char text[kNameLength + 1]; // filled up with zeros
+  std::uint16_t bucket;
+  bool system;
+};
+KnownName known_name(const char* text);
+// Finds a variable by such a name.
+int find_known(const KnownName& name);
+// The slot without following an alias.
 int find_slot(const char* name, int level);
 // Lowest free slot, now used by an INT 0 of that name, or -1 after a message.
 int new_variable(const char* name, int level);
@@ -41,6 +50,7 @@ inline ScriptValue& variable(int index) { return interp.variables.slots[index]; 
 inline bool slot_in_use(int index) { return variable(index).type != kFree; }
 inline bool is_system_name(const char* name) { return name[0] == '%'; }
 
+// Copies a name, cut to its length and filled up with zeros.
 void set_name(char* target, const char* name);
 
 } // namespace qsl

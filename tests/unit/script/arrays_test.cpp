@@ -157,8 +157,7 @@ TEST_F(Arrays, Aliases) {
   }
   interp.variables.level = 1;
   EXPECT_EQ(run("P[0] = 5\nQ[1] = 6\nPRINTL P\nLIST Q\nFREE P\nLOCAL = 3\n"),
-            "5 6 \n Name : Q       , Type : INT     , Count: 2\n");
-  free_level(1);
-  interp.variables.level = 0;
+            "5 6 \n Name : Q       , Type : INT     , Count: 2\n" + fault("Missing END statement", 7));
+  EXPECT_EQ(interp.variables.level, 0); // the end of the source has ended the level
   EXPECT_EQ(run("PRINTL A\nLIST LOCAL\n"), "5 6 \n" + fault("Undefined variable LOCAL", 3));
 }

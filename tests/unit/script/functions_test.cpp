@@ -195,7 +195,6 @@ TEST_F(Functions, SignaturesAreChecked) {
   EXPECT_EQ(run("X = SUBSTR('a',1)\n"),
             fault("Parameter mismatch") + "      User   : SUBSTR (S,I)\n      Correct: SUBSTR (S,I,I)\n");
   EXPECT_EQ(run("X = STRLEN('ab', 7)\nPRINTL X\n"), "2 \n"); // more operands are not noticed
-  EXPECT_EQ(run("X = FGETC(1)\n"), fault("Function FGETC is not available"));
 }
 
 TEST_F(Functions, Environment) {

@@ -102,8 +102,8 @@ TEST_F(Statements, CommandsRun) { EXPECT_EQ(run("$exit 0\r\nPRINTL 1\n"), "1 \n"
 
 TEST_F(Statements, SavedStatementsRunBehindTheirCause) {
   testing::internal::CaptureStdout();
-  interp.reader.saved[0] = strdup("PRINTL 5");
-  interp.reader.saved[1] = strdup("PRINTL 6");
+  interp.reader.saved[0].text = strdup("PRINTL 5");
+  interp.reader.saved[1].text = strdup("PRINTL 6");
   interp.reader.saved_count = 2;
   testing::internal::GetCapturedStdout();
   EXPECT_EQ(run("PRINTL 4\nPRINTL 7\n"), "4 \n5 \n6 \n7 \n");
