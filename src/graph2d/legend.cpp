@@ -9,6 +9,7 @@
 #include "core/messages.h"
 #include "core/page.h"
 #include "core/pipeline.h"
+#include "core/shields.h"
 #include "graph2d/area.h"
 #include "graph2d/legend_layout.h"
 #include "graph2d/symbols.h"
@@ -170,6 +171,9 @@ void drawLegend(PlotState* s, const char* buffer, int corner) {
   layOutLegend(s, buffer, layout);
   Spot place = placeOf(s, layout, corner);
   Spot box = {addCoordinates(place.x, layout.frame), addCoordinates(place.y, layout.frame)};
+  // The region of an earlier legend would cut this one; curves to come keep out of it.
+  bool shielded = s->shield.shieldAreaOn[kShieldLegends - 1];
+  if (shielded) deleteShieldClass(s, kShieldLegends);
   KeptPen kept = keepPen(s);
   setLineType(s, 0);
   drawBox(s, layout, place);
@@ -183,6 +187,11 @@ void drawLegend(PlotState* s, const char* buffer, int corner) {
   }
   drawTexts(s, buffer, layout, box, kept.color);
   restorePen(s, kept);
+  if (shielded) {
+    int region[] = {addCoordinates(place.x, s->page.originX), addCoordinates(place.y, s->page.originY),
+                    layout.boxWidth + 2 * layout.frame, layout.boxHeight + 2 * layout.frame};
+    addShield(s, kShieldRectangle, kShieldLegends, region);
+  }
 }
 
 // Width or height of the whole box; 0 after a message.

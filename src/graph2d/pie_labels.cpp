@@ -200,9 +200,11 @@ void placeColumn(PlotState* s, const PieShape& pie, PieLabel labels[], Column c,
     PieLabel& label = labels[c.order[i]];
     const PieSegment& segment = pie.segments[c.order[i]];
     float reach = distance + std::fabs(segment.moved * pie.explosion);
-    float half = segment.labelPlace == kPieAligned
-                     ? pie.radiusX + reach
-                     : keptHalfWidth(pie, reach, label.y, label.y + static_cast<float>(label.size.height));
+    float half = pie.radiusX + reach;
+    if (segment.labelPlace != kPieAligned) {
+      half = keptHalfWidth(pie, reach, label.y, label.y + static_cast<float>(label.size.height));
+      half = std::fmax(half, std::fabs(label.x - pie.x)); // where its vector leaves the pie
+    }
     float x = half + stub + (stub > 0.0F ? characters(s, kTextGap) : 0.0F);
     label.x = side > 0 ? pie.x + x : pie.x - x - static_cast<float>(label.size.width);
   }
@@ -288,6 +290,7 @@ void placePieLabels(PlotState* s, const PieShape& pie, PieLabel labels[]) {
     float angle = middleOf(segment), sine = std::sin(angle * kDegToRad);
     float out = pie.radiusX > 0.0F ? 1.0F + distance / pie.radiusX : 1.0F;
     PiePoint p = piePoint(pie, segment, angle, out);
+    label.x = p.x;
     label.side = std::cos(angle * kDegToRad) >= 0.0F ? kRightSide : kLeftSide;
     label.y = p.y - static_cast<float>(label.size.height) / 2.0F + (sine < 0.0F ? pie.thickness / 2.0F : 0.0F);
     Column& column = label.side == kRightSide ? right : left;

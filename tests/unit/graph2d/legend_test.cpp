@@ -275,6 +275,21 @@ TEST_F(Legend, AttributesComeBack) {
   EXPECT_STREQ(state()->level.routineName, "getlin");
 }
 
+TEST_F(Legend, ShieldKeepsLaterCurvesOut) {
+  openSystem();
+  drawCurves(1);
+  fill(1);
+  SHIELD("LEGEND", "ON");
+  LEGPOS(700, 900);
+  LEGEND(buffer, 1);
+  LEGEND(buffer, 1);
+  EXPECT_EQ(state()->shield.shieldCount, 1);
+  float x[] = {0, 10}, y[] = {5.5F, 5.5F}; // at 950, through the box
+  CURVE(x, y, 2);
+  Lines draws = traced("draw");
+  EXPECT_NE(std::find(draws.begin(), draws.end(), "700.00 950.00"), draws.end());
+}
+
 TEST_F(Legend, RecordsEndWithTheirNumber) {
   openSystem();
   drawCurves(80);
