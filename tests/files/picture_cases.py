@@ -10,12 +10,13 @@ from file_case import Failure, Picture, check, collect, command, ghostscript, po
 WIDTH, HEIGHT = 2969.0, 2099.0  # the default page in plot units
 SYSTEM_PYTHON = "/usr/bin/python3"  # whose packages Debian installs
 
-# Thin lines, strokes and bars: what every format shows. The colours stand in every table.
+# Lines thin and wide, strokes, bars and filled polygons: what every format shows. The colours stand in every table.
 PAGE = ("SETVLT('SMAL')", "PAGERA()", "COMPLX()", "AXSPOS(450,1700)", "AXSLEN(2000,1200)", "NAME('X axis','X')",
         "TITLIN('All formats',1)", "AXSBGD(5)", "GRAF(0.0,10.0,0.0,2.0,-1.0,1.0,-1.0,0.5)", "COLOR('FORE')", "TITLE()",
         "COLOR('RED')", "CURVE(X,Y,50)", "COLOR('BLUE')", "DASH()", "CURVE(X,Z,50)", "SOLID()", "ENDGRF()",
         "COLOR('GREEN')", "LINE(2600,200,2900,500)", "HEIGHT(60)", "COLOR('FORE')", "MESSAG('Strokes',100,100)",
-        "ANGLE(90)", "MESSAG('Upwards',2700,1800)")
+        "ANGLE(90)", "MESSAG('Upwards',2700,1800)", "ANGLE(0)", "COLOR('BLUE')", "HSYMBL(120)", "SYMBOL(16,700,250)",
+        "SYMBOL(20,900,250)", "COLOR('RED')", "SYMBOL(21,1100,250)", "LINWID(20)", "LINE(700,380,1700,380)", "LINWID(1)")
 DATA = ("X = FALLOC(50) * 0.2", "Y = SIN(X)", "Z = COS(X) * 0.5")
 
 
@@ -203,7 +204,7 @@ def hpgl(place):
     for device in ("HPGL", "HPA3"):
         plot(place, device, "a.hpg")
         # Pens 1 to 7 of the plotter in the colours of the table.
-        command("hp2xx", "-q", "-m", "png", "-d", "100", "-w", "420", "-h", "300", "-c", "12347254", "-p", "33333333", "-f",
+        command("hp2xx", "-q", "-m", "png", "-d", "100", "-w", "420", "-h", "300", "-c", "12347256", "-p", "33333333", "-f",
                 "a.png", "a.hpg", directory=place.directory)
         same_picture(reference(place), bordered(png(place.path("a.png"))), radius=3)
 
