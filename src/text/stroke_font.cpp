@@ -54,6 +54,39 @@ constexpr FontTables kFonts[] = {
     {kSerif, {{kSerifX, kSerifIndex, 132, kSerifY}, kGreek, kMath, kSlanted, kScript, kCyrillic}},
 };
 
+struct IndexStarts {
+  const std::int16_t* index;
+  const std::uint16_t* starts;
+};
+constexpr IndexStarts kStarts[] = {
+    {kQuialfIndex, kQuialfStarts},
+    {kQuialfGreekIndex, kQuialfGreekStarts},
+    {kSimplxIndex, kSimplxStarts},
+    {kSimplxGreekIndex, kSimplxGreekStarts},
+    {kDuplxIndex, kDuplxStarts},
+    {kComplxIndex, kComplxStarts},
+    {kTriplxIndex, kTriplxStarts},
+    {kGothicIndex, kGothicStarts},
+    {kGothicItalianIndex, kGothicItalianStarts},
+    {kGothicGermanIndex, kGothicGermanStarts},
+    {kHelveIndex, kHelveStarts},
+    {kHelvesIndex, kHelvesStarts},
+    {kHelvetIndex, kHelvetStarts},
+    {kSerifIndex, kSerifStarts},
+    {kGreekIndex, kGreekStarts},
+    {kMathIndex, kMathStarts},
+    {kScriptIndex, kScriptStarts},
+    {kCyrillicIndex, kCyrillicStarts},
+    {kItalicIndex, kItalicStarts},
+};
+
+const std::uint16_t* startsOf(const std::int16_t* index) {
+  for (const IndexStarts& s : kStarts) {
+    if (s.index == index) return s.starts;
+  }
+  return nullptr;
+}
+
 constexpr int kFirstOutlineFont = 11;
 
 struct Metrics {
@@ -133,6 +166,7 @@ void installFont(PlotState* s, int fontId) {
     slot.alphaX = t.points ? t.points : group.slots[0].alphaX;
     slot.alphaY = !t.points ? group.slots[0].alphaY : t.ys ? t.ys : t.points;
     slot.alphaIndex = t.index ? t.index : group.slots[0].alphaIndex;
+    slot.alphaStarts = startsOf(slot.alphaIndex);
     slot.alphaPacked = t.points ? t.ys == nullptr : group.slots[0].alphaPacked;
     slot.alphaCoordBase = t.points ? coordBase : 0;
     slot.alphaIndexBase = t.index ? indexBase : 0;
@@ -192,6 +226,7 @@ GlyphChoice remapOrdinal(int alphabet, int fontId, int mathCount, int k) {
 
 const std::int16_t* glyphRecord(const AlphabetSlot& slot, int ordinal) {
   if (ordinal <= kBlankOrdinal || ordinal > slot.alphaCount) return nullptr;
+  if (slot.alphaStarts) return slot.alphaIndex + slot.alphaStarts[ordinal - 2];
   const std::int16_t* record = slot.alphaIndex;
   for (int k = 2; k < ordinal; ++k) record += record[0];
   return record;

@@ -29,4 +29,10 @@ extern const std::int16_t kScriptPoints[], kScriptIndex[];
 extern const std::int16_t kCyrillicPoints[], kCyrillicIndex[];
 extern const std::int16_t kItalicPoints[], kItalicIndex[];
 
+// Where the records of each index begin, so that a glyph is found at once.
+extern const std::uint16_t kQuialfStarts[], kQuialfGreekStarts[], kSimplxStarts[], kSimplxGreekStarts[], kDuplxStarts[],
+    kComplxStarts[], kTriplxStarts[], kGothicStarts[], kGothicItalianStarts[], kGothicGermanStarts[], kHelveStarts[],
+    kHelvesStarts[], kHelvetStarts[], kSerifStarts[], kGreekStarts[], kMathStarts[], kScriptStarts[], kCyrillicStarts[],
+    kItalicStarts[];
+
 } // namespace quilla

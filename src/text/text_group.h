@@ -103,6 +103,7 @@ struct AlphabetSlot {
   const std::int16_t* alphaX = nullptr; // packed: one word a point, low byte x, high byte y
   const std::int16_t* alphaY = nullptr; // equal to alphaX in packed form
   const std::int16_t* alphaIndex = nullptr;
+  const std::uint16_t* alphaStarts = nullptr; // places of the records; null: they are walked
   bool alphaPacked = true;
   int alphaCount = 0;
   int alphaIndexBase = 0, alphaCoordBase = 0; // 0: slot 1 or shares its tables

@@ -6,6 +6,7 @@ from pdf_cases import POINTS
 
 FONTS = ("Times-Roman", "Times-BoldItalic", "Helvetica", "Helvetica-BoldOblique", "Courier", "Palatino-Italic",
          "NewCenturySchlbk-Roman", "Bookman-Demi", "AvantGarde-Book", "Helvetica-Narrow")
+STANDARD = FONTS[:5]  # readers of PDF have these; they replace others by fonts of other widths
 TEXT = "Hamburgefonsiv 0123"
 HEIGHT = 80
 SANS = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"
@@ -18,7 +19,7 @@ def measured(output):
 
 def pdf_words_are_as_wide_as_measured(place):
     lines = []
-    for i, font in enumerate(FONTS):
+    for i, font in enumerate(STANDARD):
         lines += ["PSFONT('%s')" % font, "HEIGHT(%d)" % HEIGHT, "N = NLMESS('Hamburgefonsiv')", "PRINT N",
                   "MESSAG('Hamburgefonsiv',300,%d)" % (100 + 180 * i)]
     lengths = measured(place.plot("METAFL('PDF')", "SETFIL('a.pdf')", None, "ERRMOD('PROT','OFF')", *lines))
@@ -28,12 +29,12 @@ def pdf_words_are_as_wide_as_measured(place):
     for left, top, right, bottom, word in boxes:  # a reader may take the gaps of a line for blanks
         middle = (float(top) + float(bottom)) / 2 / POINTS
         rows.setdefault(round((middle - 140) / 180), []).append((float(left), float(right), word))
-    check(len(rows) == len(FONTS), "%d lines" % len(rows))
-    for font, length, (_, parts) in zip(FONTS, lengths, sorted(rows.items())):
+    check(len(rows) == len(STANDARD), "%d lines" % len(rows))
+    for font, length, (_, parts) in zip(STANDARD, lengths, sorted(rows.items())):
         parts.sort()
         check("".join(word for _, _, word in parts) == "Hamburgefonsiv", str(parts))
         width = (max(right for _, right, _ in parts) - parts[0][0]) / POINTS
-        check(abs(width - length) <= 0.006 * length, "%s: %.1f on the page, %d measured" % (font, width, length))
+        check(abs(width - length) <= 0.003 * length, "%s: %.1f on the page, %d measured" % (font, width, length))
         check(abs(parts[0][0] / POINTS - 300) <= 1, "left side at %s" % parts[0][0])
 
 
