@@ -27,6 +27,7 @@ struct DriverState {
   int exit_status;                            // of a run that was interrupted
   bool (*read_typed)(char* record, int size); // reads a record from a line editor that shows the prompt; null: none
   bool harmless;    // no outside command runs and no file is changed: for tests of arbitrary input
+  int replays_left; // such a run ends after so many saved statements
   long diagnostics; // messages printed so far
 };
 

@@ -35,6 +35,7 @@ bool go_on_after_end_of_source() {
 void replay_statements() {
   ReaderState& r = interp.reader;
   while (replaying() && !interp.driver.ended && !interp.control.callback_ended && !interrupted()) {
+    if (interp.driver.harmless && --interp.driver.replays_left < 0) interp.driver.ended = true;
     const int at = r.saved_cursor, expansion = r.saved[at].expansion;
     interp.control.call_made = false;
     run_saved_statement(r.saved[at]);

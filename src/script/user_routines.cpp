@@ -422,6 +422,7 @@ void end_routine(bool whole) {
   note_expansion(frame, whole);
   if (frame.from_file) pop_source();
   end_waiting(frame, level);
+  current_frame() = {};
   interp.variables.level = level - 1;
   c.skip.rest_of_routine = false;
   sum_skip_flags();

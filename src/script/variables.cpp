@@ -55,14 +55,25 @@ void set_name(char* target, const char* name) {
   std::memset(target + n, 0, static_cast<std::size_t>(kNameLength + 1 - n));
 }
 
+namespace {
+
+// Most bytes of one block where arbitrary texts run.
+constexpr std::int64_t kHarmlessBlock = 1 << 24;
+
+bool is_refused(std::int64_t size) { return size < 0 || (interp.driver.harmless && size > kHarmlessBlock); }
+
+} // namespace
+
 void* allocate(std::int64_t size) {
-  void* block = size < 0 ? nullptr : std::malloc(static_cast<std::size_t>(size) + 1);
+  void* block = is_refused(size) ? nullptr : std::malloc(static_cast<std::size_t>(size) + 1);
   if (!block) report_error("Not enough memory");
   return block;
 }
 
 void* allocate_zeroed(std::int64_t count, int size) {
-  void* block = count < 0 ? nullptr : std::calloc(static_cast<std::size_t>(count) + 1, static_cast<std::size_t>(size));
+  void* block = is_refused(count < 0 ? count : count * size)
+                    ? nullptr
+                    : std::calloc(static_cast<std::size_t>(count) + 1, static_cast<std::size_t>(size));
   if (!block) report_error("Not enough memory");
   return block;
 }

@@ -1,4 +1,4 @@
-// Arbitrary text as a script. No outside command runs and no file is changed. Run it with -handle_fpe=0: a division
+// Arbitrary text as a script; CALL finds the routines of tests/scripts by QSL_PATH. No outside command runs and no file is changed. Run it with -handle_fpe=0: a division
 // that faults ends the process by a signal on purpose, which is caught here.
 //
 //   clang++ -std=c++20 -g -O1 -fsanitize=fuzzer,address,undefined -Isrc -Iinclude -DQUILLA_SHARE_DIR='""' \
@@ -55,6 +55,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (size == 0 || !is_harmless(text)) return 0;
   qsl::reset_interpreter();
   qsl::interp.driver.harmless = true;
+  qsl::interp.driver.replays_left = 2000;
   std::FILE* file = fmemopen(text.data(), text.size(), "r");
   if (!file) return 0;
   qsl::start_source(file, "fuzz");
