@@ -73,7 +73,7 @@ struct PdfWriter {
   bool hasText = false; // on this page
   bool clipOn = false;
   bool filling = false; // the path is that of a polygon
-  int penState = 3; // 3 after a move, 2 after a draw
+  int penState = 3;     // 3 after a move, 2 after a draw
   float lastX = 0.0F, lastY = 0.0F;
   PdfPaint paint, paintBeforeClip;
   float clipX1 = 0.0F, clipY1 = 0.0F, clipX2 = 0.0F, clipY2 = 0.0F;
