@@ -87,3 +87,24 @@ TEST_F(Replay, WritingFunctionsInExpressions) {
   EXPECT_EQ(run("CHAR C[4]\nC[0] = 1\nA = BYTE(C)\nX = A + SPRINTF(C, 'z')\nPRINTL X\n"), "1 0 0 0 \n");
   EXPECT_EQ(run("A = {5, 6}\nB = A * SSCANF('7', '%d', A)\nPRINTL B, A\n"), "5 6 7 \n");
 }
+
+// Nesting as deep as a statement can hold it.
+TEST_F(Replay, DeepNesting) {
+  // A statement over many records.
+  const auto continued = [](const std::string& text) {
+    std::string records;
+    for (std::size_t i = 0; i < text.size(); i += 100) records += (i > 0 ? "@\n" : "") + text.substr(i, 100);
+    return records + "\n";
+  };
+  const auto repeated = [](const char* text, int n) {
+    std::string all;
+    for (int i = 0; i < n; ++i) all += text;
+    return all;
+  };
+  EXPECT_EQ(run(continued("X = " + repeated("(", 500) + "1" + repeated(")", 500)) + "PRINTL X\n"), "1 \n");
+  EXPECT_EQ(run(continued("X = " + repeated("-", 1000) + "1") + "PRINTL X\n"), "1 \n");
+  EXPECT_EQ(run(continued("X = " + repeated("INT(", 200) + "7" + repeated(")", 200)) + "PRINTL X\n"), "7 \n");
+  EXPECT_EQ(run("A = {1, 0}\n" + continued("X = " + repeated("A[", 300) + "0" + repeated("]", 300)) + "PRINTL X\n"),
+            "0 \n");
+  EXPECT_NE(run(continued("X = A[" + repeated(",", 900) + "]")), "");
+}
