@@ -1,6 +1,6 @@
 // A saved statement keeps what its text decides. Each script here runs as a loop and written out pass by pass: both
 // must print the same, but for the records that messages name.
-#include <regex>
+#include <cctype>
 
 #include "script/script_fixture.h"
 
@@ -8,18 +8,29 @@ using namespace qsl;
 
 namespace {
 
+// The text without the numbers behind "in record".
+std::string withoutRecords(const std::string& text) {
+  const std::string mark = " in record ";
+  std::string rest;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    rest += text[at];
+    if (!rest.ends_with(mark)) continue;
+    while (at + 1 < text.size() && std::isdigit(static_cast<unsigned char>(text[at + 1]))) ++at;
+  }
+  return rest;
+}
+
 class Replay : public Script {
 protected:
   // The passes of a body with I from 1 to n, as a loop and written out.
   void expectSame(const std::string& body, int n, const std::string& start = "") {
-    const std::regex record(" in record [0-9]+ ");
     reset_interpreter();
     const std::string looped = run(start + "DO I = 1, " + std::to_string(n) + "\n" + body + "END DO\nFREE I\nLIST\n");
     reset_interpreter();
     std::string passes = start;
     for (int i = 1; i <= n; ++i) passes += "I = " + std::to_string(i) + "\n" + body;
     const std::string plain = run(passes + "FREE I\nLIST\n");
-    EXPECT_EQ(std::regex_replace(looped, record, " "), std::regex_replace(plain, record, " ")) << body;
+    EXPECT_EQ(withoutRecords(looped), withoutRecords(plain)) << body;
     EXPECT_NE(looped, "");
   }
 };
