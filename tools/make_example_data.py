@@ -2,7 +2,8 @@
 """Makes the data files of the examples from public tables.
 
 Usage: tools/make_example_data.py FOLDER
-FOLDER holds co2-concentration.csv and global-temp.csv of the npm package vega-datasets (npm pack vega-datasets).
+FOLDER holds co2-concentration.csv, global-temp.csv and seattle-weather.csv of the npm package vega-datasets
+(npm pack vega-datasets).
 """
 import csv
 import pathlib
@@ -42,6 +43,15 @@ def main(folder):
           {"SOURCE": "NASA GISS GISTEMP", "UNIT": "degC"},
           ["year", "anomaly"],
           [(r["year"], r["temp"]) for r in table])
+    with open(folder / "seattle-weather.csv") as file:
+        table = [row for row in csv.DictReader(file) if row["date"].startswith("2012")]
+    write("gallery/seattle_2012.qdf",
+          ["Weather of Seattle-Tacoma airport on the days of 2012: day of the year from 0, precipitation in mm, highest",
+           "and lowest temperature in degrees Celsius, wind in m/s.",
+           "NOAA National Climatic Data Center; public domain; see NOTICE."],
+          {"SOURCE": "NOAA NCDC"},
+          ["day", "precipitation", "highest", "lowest", "wind"],
+          [(str(i), r["precipitation"], r["temp_max"], r["temp_min"], r["wind"]) for i, r in enumerate(table)])
 
 
 if __name__ == "__main__":

@@ -22,6 +22,8 @@ void QUIFIN(void);            /* 1..3: finishes the plot, prints the protocol, b
 void RESET(const char* name); /* a group of settings, by the name of its routine, back to its default; "ALL" all */
 int GETLEV(void);             /* level 0..3 */
 double GETVER(void);          /* version of the library, 11.5 */
+void THRINI(int n);           /* before all else: plots in up to n threads, each with its own state */
+void THRFIN(void);            /* ends the use of threads and frees their states */
 
 /* ---- Device and plot file -------------------------------------------------------------------------------------- */
 
@@ -37,17 +39,33 @@ void PSMETA(const char* text, const char* key);   /* 0: comment of PostScript fi
 void PDFMOD(const char* value, const char* key);  /* 0: "ON" or "OFF" for "COMP" (compression) or "BUFF" */
 int PDFBUF(unsigned char* bytes, int size);       /* 0: the finished file of buffer mode; size 0: its length */
 void PDFMRK(const char* text, const char* level); /* 1..3: bookmark "CHAP", "SECT", "SUBS", "PARA", "SUBP" */
+void HPGMOD(const char* mode, const char* key);   /* 0: "STAN", "ARIS" for the key "PLOT" */
+void WMFMOD(const char* mode, const char* key);   /* 0: "STAN", "PLAC" for the key "FORM" */
+void CGMVER(int version);                         /* 0: 1 or 4, the version that a CGM file tells */
+void CGMPIC(const char* name);                    /* any: name of the next picture of a CGM file */
+void CGMBGD(float r, float g, float b);           /* any: background of CGM pictures, components 0..1 */
 const char* GETFIL(void);                         /* 1..3: name of the plot file */
 const char* GETMFL(void);                         /* 1..3: keyword of the output format */
 const char* GETDSP(void);                         /* any: kind of the display: "XWIN", "WIND" or "NONE" */
 
+/* ---- Other files ----------------------------------------------------------------------------------------------- */
+
+void INCFIL(const char* name);                     /* 1..3: draws a PLTM or CGM file into the plot */
+void FILBOX(int nx, int ny, int nw, int nh);       /* setter: where INCFIL draws, upper left corner and size */
+void FILCLR(const char* mode);                     /* setter: "ALL", "NONE" of the colours of an included file */
+void PLYINI(const char* mode);                     /* setter: "STAN", collects solids for a PLY file */
+void PLYFIN(const char* name, const char* object); /* 1..3: writes the PLY file */
+
 /* ---- Messages -------------------------------------------------------------------------------------------------- */
 
-void ERRDEV(const char* device);                /* 0: "CONS", "FILE", "APPE" */
-void ERRFIL(const char* name);                  /* 0: name of the error file */
-void ERRMOD(const char* key, const char* mode); /* setter: "WARN", "CHEC", "PROT", "ALL"; "ON", "OFF", "FILE" */
-void NOCHEK(void);                              /* setter: no reports of points out of scale */
-void UNIT(FILE* stream);                        /* setter: stream of all messages; null: none at all */
+void ERRDEV(const char* device);                     /* 0: "CONS", "FILE", "APPE" */
+void ERRFIL(const char* name);                       /* 0: name of the error file */
+void ERRMOD(const char* key, const char* mode);      /* setter: "WARN", "CHEC", "PROT", "ALL"; "ON", "OFF", "FILE" */
+void NOCHEK(void);                                   /* setter: no reports of points out of scale */
+void UNIT(FILE* stream);                             /* setter: stream of all messages; null: none at all */
+FILE* GETUNI(void);                                  /* 1..3: stream of messages; null: none */
+void SYMFIL(const char* device, const char* status); /* 0, after QUIFIN: prints the file; "KEEP" or "DELE" */
+void WINAPP(const char* mode);                       /* 0: "CONS", "WIND": the protocol in a message box */
 
 /* ---- Page ------------------------------------------------------------------------------------------------------ */
 
@@ -68,6 +86,17 @@ void NEWPAG(void);               /* 1: next page */
 void ERASE(void);                /* 1..3: clears screens and rasters */
 void GETPAG(int* nx, int* ny);   /* 1..3: page size in units */
 void GETOR(int* nx, int* ny);    /* 1..3: origin */
+void PAGHDR(const char* before, const char* after, int position, int direction); /* 1..3: header with date and time */
+int NXPIXL(int nx, int ny); /* 1..3: pixel of a plot point on screens and rasters */
+int NYPIXL(int nx, int ny);
+void WINDOW(int nx, int ny, int nw, int nh); /* any: place and size of the window in pixels */
+void WINSIZ(int nw, int nh);                 /* any: size of the window, or of a raster, in pixels */
+void WINJUS(const char* corner);             /* any: "RBOT", "RTOP", "LTOP", "LBOT", "CENT" */
+void X11MOD(const char* mode);               /* 0: "STOR", "NOST", "AUTO", "PIXM" */
+void TRFSHF(int nx, int ny); /* setters: transformation of plot coordinates, each after the earlier ones */
+void TRFSCL(float xscl, float yscl);
+void TRFROT(float degrees, int nx, int ny);
+void TRFRES(void); /* setter: ends it */
 
 /* ---- Lines ----------------------------------------------------------------------------------------------------- */
 
@@ -82,20 +111,30 @@ void CHNDOT(void);
 void DASHM(void);
 void DOTL(void);
 void DASHL(void);
-void LINTYP(int type);                           /* 1..3: 0..7, in the order of the routines above */
-void MYLINE(const int* lengths, int n);          /* setter: own pattern, drawn, gap, ..., n 1..10 */
-void LINWID(int width);                          /* 1..3: 1..32000 */
-void PENWID(float width);                        /* 1..3: above 0, up to 32000 */
-void LNCAP(const char* cap);                     /* 1..3: "CUT", "ROUN", "LONG" */
-void LNJOIN(const char* join);                   /* 1..3: "SHAR", "ROUN", "TRUN" */
-void LNMLT(float limit);                         /* 1..3: miter limit, at least 1 */
-void CLPWIN(int nx, int ny, int nw, int nh);     /* 1..3: clip window, upper left corner and size */
-void CLPBOR(const char* border);                 /* 2, 3: "PAGE", "AXIS" */
-void CLPMOD(const char* mode);                   /* setter: "AUTO", "NONE", "CIRC", "RECT" */
-void NOCLIP(void);                               /* setter */
+void LINTYP(int type);                  /* 1..3: 0..7, in the order of the routines above */
+void MYLINE(const int* lengths, int n); /* setter: own pattern, drawn, gap, ..., n 1..10 */
+void LINCLR(const int* colors, int n);  /* setter: colours along the pattern, n 0..30 */
+void HWMODE(const char* mode,
+            const char* key);                /* setter: "ON", "OFF"; "LINE", "SHAD": widths and fills of the device */
+void LINWID(int width);                      /* 1..3: 1..32000 */
+void PENWID(float width);                    /* 1..3: above 0, up to 32000 */
+void LNCAP(const char* cap);                 /* 1..3: "CUT", "ROUN", "LONG" */
+void LNJOIN(const char* join);               /* 1..3: "SHAR", "ROUN", "TRUN" */
+void LNMLT(float limit);                     /* 1..3: miter limit, at least 1 */
+void CLPWIN(int nx, int ny, int nw, int nh); /* 1..3: clip window, upper left corner and size */
+void CLPBOR(const char* border);             /* 2, 3: "PAGE", "AXIS" */
+void CLPMOD(const char* mode);               /* setter: "AUTO", "NONE", "CIRC", "RECT" */
+void NOCLIP(void);                           /* setter */
 void GETCLP(int* nx, int* ny, int* nw, int* nh); /* 1..3 */
 int GETLIN(void);                                /* 1..3: line width */
 int GETTYP(void);                                /* 1..3: line type */
+
+/* ---- Shading patterns ------------------------------------------------------------------------------------------ */
+
+void SHDPAT(int pattern);                                /* setter: number 0..17 or a code; 0 none, 16 solid */
+void MYPAT(int angle, int type, int density, int cross); /* setter: 0..179, 0..7, 0..9, 0..1 */
+void SHDFAC(float factor);                               /* setter: factor of the distances of hatch lines */
+int GETPAT(void);                                        /* 1..3: number or code */
 
 /* ---- Colours --------------------------------------------------------------------------------------------------- */
 
@@ -113,9 +152,41 @@ void SETVLT(const char* table);                   /* 1..3: "RAIN", "SPEC", "GREY
 void MYVLT(const float* r, const float* g, const float* b, int n);    /* any: own table, n 1..256 */
 void HSVRGB(float h, float s, float v, float* r, float* g, float* b); /* any: h 0..360, s, v 0..1 */
 void RGBHSV(float r, float g, float b, float* h, float* s, float* v); /* any */
-void REVSCR(void);              /* 1..3: swaps foreground and background of the table */
-void CLRMOD(const char* mode);  /* 0: "NONE", "FULL", "CONT" */
-void COLRAN(int low, int high); /* setter: range of shading colours */
+void REVSCR(void);                               /* 1..3: swaps foreground and background of the table */
+void VLTFIL(const char* file, const char* mode); /* 1..3: "SAVE", "LOAD": the table as a file of text */
+void CLRMOD(const char* mode);                   /* 0: "NONE", "FULL", "CONT" */
+void COLRAN(int low, int high);                  /* setter: range of shading colours */
+
+/* ---- Shields: regions that lines do not enter ------------------------------------------------------------------ */
+
+void SHIELD(const char* area,
+            const char* mode);               /* 1..3: "MESS", "SYMB", "BARS", "PIE", "LEGE"; "ON", "OFF", "VIS", ... */
+void SHLREC(int nx, int ny, int nw, int nh); /* 1..3: rectangle, upper left corner and size */
+void SHLRCT(int nx, int ny, int nw, int nh, float angle); /* 1..3: turned by degrees about that corner */
+void SHLCIR(int nx, int ny, int nr);                      /* 1..3: circle */
+void SHLELL(int nx, int ny, int na, int nb, float angle); /* 1..3: ellipse with half axes na and nb */
+void SHLPIE(int nx, int ny, int nr, float a, float b);    /* 1..3: sector between two angles in degrees */
+void SHLPOL(const int* nx, const int* ny, int n);         /* 1..3: polygon, up to 499 points */
+void SHLDEL(int id);                                      /* 1..3: deletes a region, 0 all of the script */
+void SHLRES(int n);                                       /* 1..3: deletes the last n regions */
+void SHLVIS(int id, const char* mode);                    /* 1..3: "ON", "OFF" for a region, 0 all */
+int SHLIND(void);                                         /* setter: number of regions */
+
+/* ---- Areas: filled with the shading pattern (SHDPAT) and outlined ---------------------------------------------- */
+
+void AREAF(const int* nx, const int* ny, int n);    /* 1..3: polygon */
+void RLAREA(const float* x, const float* y, int n); /* 2, 3: polygon in user coordinates */
+void SHDCRV(const float* x1, const float* y1, int n1, const float* x2, const float* y2,
+            int n2);                                     /* 2, 3: between two curves */
+void NOARLN(void);                                       /* setter: areas without outlines */
+void RECTAN(int nx, int ny, int nw, int nh);             /* 1..3: rectangle, upper left corner and size */
+void RECFLL(int nx, int ny, int nw, int nh, int color);  /* 1..3: rectangle in a colour, -1 the current one */
+void POINT(int nx, int ny, int nb, int nh, int color);   /* 1..3: the same around its middle */
+void CIRCLE(int nx, int ny, int radius);                 /* 1..3 */
+void ELLIPS(int nx, int ny, int na, int nb);             /* 1..3: half axes na and nb */
+void RLREC(float x, float y, float width, float height); /* 2, 3: the same in user coordinates */
+void RLCIRC(float x, float y, float radius);             /* 2, 3: radius in units of the X axis */
+void RLELL(float x, float y, float a, float b);          /* 2, 3 */
 
 /* ---- Text ------------------------------------------------------------------------------------------------------ */
 
@@ -123,8 +194,17 @@ void QUIALF(void); /* 1..3: stroke fonts */
 void SIMPLX(void);
 void COMPLX(void);
 void DUPLX(void);
+void TRIPLX(void);
+void GOTHIC(void);
+void HELVE(void); /* 1..3: outline fonts: plain, narrow, bold, and with serifs */
+void HELVES(void);
+void HELVET(void);
+void SERIF(void);
+void SHDCHA(void);                                    /* setter: outline fonts are filled */
 void PSFONT(const char* name);                        /* 1..3: a standard PostScript font, on devices that have them */
 void HWFONT(void);                                    /* 1..3: the device's standard font, else COMPLX */
+void TTFONT(const char* name);                        /* setter: a TrueType file; its outlines are filled */
+void QUIENV(const char* directory);                   /* any: directory of fonts and maps, "NONE" for none */
 void MESSAG(const char* text, int nx, int ny);        /* 1..3: upper left corner; (999, 999) continues */
 void NUMBER(float value, int digits, int nx, int ny); /* 1..3: digits -1..100 */
 int NLMESS(const char* text);                         /* 1..3: length in plot units */
@@ -144,9 +224,18 @@ void SETMIX(const char* character, const char* key); /* setter: "EXP", "IND", "R
 void SETEXP(float size);                             /* setter: size of exponents and indices, as a factor */
 void SETBAS(float shift);                            /* setter: shift of exponents, fraction of the height */
 void EUSHFT(const char* set, const char* character); /* setter: shift character of accented letters */
-void FRMESS(int thickness);                          /* setter: frame around texts */
-void TXTBGD(int color);                              /* setter: background of texts, -1 none */
-void NUMFMT(const char* format);                     /* setter: "FLOA", "EXP", "FEXP", "LOG", "XEXP" */
+void CHACOD(const char* coding); /* setter: "STAN", "ISO1", "ISO2", "ISO3", "ISO5", "KOI8", "UTF8", "ISO7" */
+int UTFINT(const char* text, int* codes,
+           int size); /* any: codes of a UTF-8 text; their count, below 0 after a warning */
+/* any: UTF-8 text of codes, at most size bytes, an end mark if there is room; its length, below 0 after a warning */
+int INTUTF(const int* codes, int count, char* text, int size);
+void TEXMOD(const char* mode); /* setter: "OFF", "ON": texts are formulas */
+void TEXOPT(const char* value,
+            const char* option);          /* setter: "ON" or "OFF" for "LIMI", "ITAL"; "STAN", "VECT" for "BRAC" */
+void TEXVAL(float x, const char* option); /* setter: "EXP", "H1BR", "H2BR", "VBRA", "OPER", "WBRA": factors */
+void FRMESS(int thickness);               /* setter: frame around texts */
+void TXTBGD(int color);                   /* setter: background of texts, -1 none */
+void NUMFMT(const char* format);          /* setter: "FLOA", "EXP", "FEXP", "LOG", "XEXP" */
 void NUMODE(const char* decimal, const char* group, const char* plus, const char* fixed); /* 1..3 */
 int GETHGT(void);                                                                         /* 1..3: character height */
 int GETANG(void);                                                                         /* 1..3: text angle */
@@ -155,14 +244,23 @@ const char* GETALF(void);                                                       
 /* ---- Axis systems ---------------------------------------------------------------------------------------------- */
 
 void GRAF(float xa, float xe, float xor_, float xstp, float ya, float ye, float yor, float ystp); /* 1 */
-void ENDGRF(void);                                                                                /* 1..3 */
-void AXSLEN(int nx, int ny);                          /* 1: lengths, at least 2 */
-void AXSPOS(int nx, int ny);                          /* 1: lower left corner */
-void AXSORG(int nx, int ny);                          /* 1: crossing of the axes */
-void AXSTYP(const char* type);                        /* 1: "RECT", "CROS", "IMPE", "ADMI" */
-void AXSSCL(const char* scale, const char* axes);     /* setter: "LIN", "LOG" */
-void SCALE(const char* scale, const char* axes);      /* setter: the same */
-void SETSCL(const float* x, int n, const char* axis); /* 1: automatic scaling from an array */
+void POLAR(float xe, float xorg, float xstp, float yorg, float ystp); /* 1: radius 0..xe, angles in degrees */
+void GRAFP(float xe, float xorg, float xstp, float yorg, float ystp); /* 1: the same */
+void POLMOD(const char* start, const char* direction); /* setter: angle 0 "RIGHT", "TOP", ...; "ANTI", "CLOCK" */
+void GRDPOL(int nx, int ny);                           /* 2, 3: circles and rays per label step of a polar system */
+void GRAFR(const float* re, int n, const float* im, int m); /* 1: chart of impedances with circles at re and im */
+void GRIDRE(float re, float im1, float im2, int n);         /* 2, 3: part of a circle of constant real part, n chords */
+void GRIDIM(float im, float re1, float re2, int n);         /* 2, 3: part of a circle of constant imaginary part */
+void GETRCO(float re, float im, float* r, float* i);        /* 1..3: reflection coefficient of an impedance */
+void GETICO(float r, float i, float* re, float* im);        /* 1..3: impedance of a reflection coefficient */
+void ENDGRF(void);                                          /* 1..3 */
+void AXSLEN(int nx, int ny);                                /* 1: lengths, at least 2 */
+void AXSPOS(int nx, int ny);                                /* 1: lower left corner */
+void AXSORG(int nx, int ny);                                /* 1: crossing of the axes */
+void AXSTYP(const char* type);                              /* 1: "RECT", "CROS", "IMPE", "ADMI" */
+void AXSSCL(const char* scale, const char* axes);           /* setter: "LIN", "LOG" */
+void SCALE(const char* scale, const char* axes);            /* setter: the same */
+void SETSCL(const float* x, int n, const char* axis);       /* 1: automatic scaling from an array */
 void SETGRF(const char* bottom, const char* left, const char* top, const char* right); /* 1: "NONE" ... "NAME" */
 void NOGRAF(void);                                                                     /* setter */
 void AX2GRF(void);                                                                     /* setter */
@@ -187,70 +285,172 @@ float XPOSN(float x);                   /* 2, 3: plot coordinate of a user value
 float YPOSN(float y);
 int NXPOSN(float x);
 int NYPOSN(float y);
+float X2DPOS(float x, float y); /* 2, 3: plot coordinates of a pair in any axis system */
+float Y2DPOS(float x, float y);
 float XINVRS(int nx); /* 2, 3: user value of a plot coordinate */
 float YINVRS(int ny);
 
-void TICKS(int n, const char* axes);                        /* setter: ticks per label step, 0..1000 */
-void TICLEN(int major, int minor);                          /* setter: 1..10000 */
-void TICPOS(const char* position, const char* axes);        /* setter: "LABE", "REVE", "CENT" */
-void LOGTIC(const char* mode);                              /* setter: "AUTO", "FULL" */
-void LABELS(const char* kind, const char* axes);            /* setter: "NONE", "FLOA", "EXP", "LOG", ... */
-void LABDIG(int digits, const char* axes);                  /* setter: -2..100 */
-void DIGITS(int digits, const char* axes);                  /* setter: the same */
-void INTAX(void);                                           /* 1..3: integer labels on all axes */
-void LABPOS(const char* position, const char* axes);        /* setter: "TICK", "CENT", "SHIF" */
-void LABJUS(const char* mode, const char* axes);            /* setter: "AUTO", "LEFT", "RIGH", "OUTW", "INWA" */
-void LABTYP(const char* type, const char* axes);            /* setter: "HORI", "VERT" */
-void LABDIS(int distance, const char* axes);                /* setter */
-void AXENDS(const char* mode, const char* axes);            /* setter */
-void AXCLRS(int color, const char* part, const char* axes); /* setter: "LINE", "TICK", "LABE", "NAME", "ALL" */
-void NAME(const char* name, const char* axes);              /* setter: axis name */
-void NAMDIS(int distance, const char* axes);                /* setter */
-void NAMJUS(const char* mode, const char* axes);            /* setter: "CENT", "LEFT", "RIGH" */
-void HNAME(int height);                                     /* setter: 1..10000 */
-void RGTLAB(void);                                          /* setter */
-void RVYNAM(void);                                          /* setter */
-void MYLAB(const char* label, int n, const char* axis);     /* setter: own label 1..100 */
-void NOLINE(const char* axes);                              /* setter: no axis line */
-void TITLIN(const char* text, int n);                       /* setter: title line 1..4; negative: underlined */
-void TITLE(void);                                           /* 2, 3 */
-void TITJUS(const char* mode);                              /* setter */
-void TITPOS(const char* mode);                              /* setter: "ABOV", "BELO" */
-void HTITLE(int height);                                    /* setter: 1..10000 */
-void VKYTIT(int distance);                                  /* setter */
-void LINESP(float spacing);                                 /* setter */
-int GETHNM(void);                                           /* 1..3: height of axis names */
-void GETDIG(int* nx, int* ny, int* nz);                     /* 1..3 */
-void GETTIC(int* nx, int* ny, int* nz);                     /* 1..3 */
-void GETTCL(int* major, int* minor);                        /* 1..3 */
+void XAXIS(float a, float e, float first, float step, int length, const char* name, int it, int nx, int ny);
+/* 1..3: an axis with its start at (nx, ny); it 0: labels below, 1: above */
+void YAXIS(float a, float e, float first, float step, int length, const char* name, int it, int nx, int ny);
+/* 1..3: it 0: labels to the right, 1: to the left */
+void XAXLG(float a, float e, float first, float step, int length, const char* name, int it, int nx, int ny);
+void YAXLG(float a, float e, float first, float step, int length, const char* name, int it, int nx, int ny);
+/* 1..3: logarithmic axes, limits and step as exponents of ten */
+void GAXPAR(float a1, float a2, const char* option, const char* axes, float* a, float* b, float* first, float* step,
+            int* digits); /* setter: what automatic scaling gives for the limits; "EXTEND": whole steps */
+
+void TICKS(int n, const char* axes);                               /* setter: ticks per label step, 0..1000 */
+void TICLEN(int major, int minor);                                 /* setter: 1..10000 */
+void TICPOS(const char* position, const char* axes);               /* setter: "LABE", "REVE", "CENT" */
+void LOGTIC(const char* mode);                                     /* setter: "AUTO", "FULL" */
+void LABELS(const char* kind, const char* axes);                   /* setter: "NONE", "FLOA", "EXP", "LOG", ... */
+void LABDIG(int digits, const char* axes);                         /* setter: -2..100 */
+void DIGITS(int digits, const char* axes);                         /* setter: the same */
+void INTAX(void);                                                  /* 1..3: integer labels on all axes */
+void LABPOS(const char* position, const char* axes);               /* setter: "TICK", "CENT", "SHIF" */
+void LABJUS(const char* mode, const char* axes);                   /* setter: "AUTO", "LEFT", "RIGH", "OUTW", "INWA" */
+void LABTYP(const char* type, const char* axes);                   /* setter: "HORI", "VERT" */
+void LABDIS(int distance, const char* axes);                       /* setter */
+void AXENDS(const char* mode, const char* axes);                   /* setter */
+void AXCLRS(int color, const char* part, const char* axes);        /* setter: "LINE", "TICK", "LABE", "NAME", "ALL" */
+void NAME(const char* name, const char* axes);                     /* setter: axis name */
+void NAMDIS(int distance, const char* axes);                       /* setter */
+void NAMJUS(const char* mode, const char* axes);                   /* setter: "CENT", "LEFT", "RIGH" */
+void HNAME(int height);                                            /* setter: 1..10000 */
+void RGTLAB(void);                                                 /* setter */
+void RVYNAM(void);                                                 /* setter */
+void MYLAB(const char* label, int n, const char* axis);            /* setter: own label 1..100 */
+void NOLINE(const char* axes);                                     /* setter: no axis line */
+void TITLIN(const char* text, int n);                              /* setter: title line 1..4; negative: underlined */
+void TITLE(void);                                                  /* 2, 3 */
+void TITJUS(const char* mode);                                     /* setter */
+void TITPOS(const char* mode);                                     /* setter: "ABOV", "BELO" */
+void HTITLE(int height);                                           /* setter: 1..10000 */
+void VKYTIT(int distance);                                         /* setter */
+void LINESP(float spacing);                                        /* setter */
+void LABMOD(const char* key, const char* value, const char* axes); /* setter: dates: "YEAR", "DAY", "MONTH", ... */
+void TICMOD(const char* mode, const char* axes);     /* setter: ticks of date axes: "DAYS", "MONT", ..., "HOUR" */
+void TIMOPT(void);                                   /* setter: time labels with a colon */
+void NEGLOG(float value);                            /* setter: stands for values without a logarithm, above 0 */
+void BASDAT(int day, int month, int year);           /* any: the day from which date axes count */
+int INCDAT(int day, int month, int year);            /* any: days since the base date */
+void TRFDAT(int n, int* day, int* month, int* year); /* any: the date n days after the base date */
+int NWKDAY(int day, int month, int year);            /* any: 1 Monday to 7 Sunday */
+int GETHNM(void);                                    /* 1..3: height of axis names */
+void GETDIG(int* nx, int* ny, int* nz);              /* 1..3 */
+void GETTIC(int* nx, int* ny, int* nz);              /* 1..3 */
+void GETTCL(int* major, int* minor);                 /* 1..3 */
 
 /* ---- Curves ---------------------------------------------------------------------------------------------------- */
 
-void CURVE(const float* x, const float* y, int n);      /* 2, 3 */
-void POLCRV(const char* mode);                          /* setter: "LINE", "STEP", "STEM", "STAI", ... */
-void SPLMOD(int degree, int points);                    /* setter: degree 2..10, points 5..30000 */
-void THKCRV(int thickness);                             /* setter: 1..10000 */
-void MARKER(int symbol);                                /* setter: -1..23 */
-void HSYMBL(int height);                                /* setter: 1..10000 */
-void MRKCLR(int color);                                 /* setter */
-void INCMRK(int step);                                  /* setter */
-void INCCRV(int n);                                     /* setter: 1..32000 */
-void CHNCRV(const char* mode);                          /* setter: "NONE", "COLO", "LINE", "BOTH" */
-void LINCYC(int i, int type);                           /* setter: i 1..30, type 0..7 */
-void CLRCYC(int i, int color);                          /* setter: i 1..30 */
-void GAPCRV(float gap);                                 /* setter */
-void GAPSIZ(float gap, const char* axes);               /* setter */
-void NANCRV(const char* mode);                          /* 1..3: "ON", "OFF" */
-void SYMROT(float degrees);                             /* setter */
-void CHNATT(void);                                      /* 1..3: next attributes of the cycle */
-void RESATT(void);                                      /* 1..3: first attributes of the cycle */
-void SYMBOL(int symbol, int nx, int ny);                /* 1..3 */
-void RLMESS(const char* text, float x, float y);        /* 2, 3: MESSAG in user coordinates */
-void RLNUMB(float value, int digits, float x, float y); /* 2, 3 */
-void RLINE(float x1, float y1, float x2, float y2);     /* 2, 3 */
-void RLSYMB(int symbol, float x, float y);              /* 2, 3 */
-void RLSTRT(float x, float y);                          /* 2, 3 */
-void RLCONN(float x, float y);                          /* 2, 3 */
+void CURVE(const float* x, const float* y, int n); /* 2, 3 */
+void POLCRV(const char* mode);                     /* setter: "LINE", "STEP", "STEM", "STAI", ... */
+void SPLMOD(int degree, int points);               /* setter: degree 2..10, points 5..30000 */
+void THKCRV(int thickness);                        /* setter: 1..10000 */
+void MARKER(int symbol);                           /* setter: -1..23 */
+void HSYMBL(int height);                           /* setter: 1..10000 */
+void MRKCLR(int color);                            /* setter */
+void INCMRK(int step);                             /* setter */
+void INCCRV(int n);                                /* setter: 1..32000 */
+void CHNCRV(const char* mode);                     /* setter: "NONE", "COLO", "LINE", "BOTH" */
+void LINCYC(int i, int type);                      /* setter: i 1..30, type 0..7 */
+void CLRCYC(int i, int color);                     /* setter: i 1..30 */
+void GAPCRV(float gap);                            /* setter */
+void GAPSIZ(float gap, const char* axes);          /* setter */
+void NANCRV(const char* mode);                     /* 1..3: "ON", "OFF" */
+void SYMROT(float degrees);                        /* setter */
+void ERRBAR(const float* x, const float* y, const float* e1, const float* e2, int n); /* 2, 3: bars y - e1..y + e2 */
+void MYSYMB(const float* x, const float* y, int n, int symbol, int fill); /* 1..3: own symbol in the square -50..50 */
+void CHNATT(void);                                                        /* 1..3: next attributes of the cycle */
+void RESATT(void);                                                        /* 1..3: first attributes of the cycle */
+void SYMBOL(int symbol, int nx, int ny);                                  /* 1..3 */
+void RLMESS(const char* text, float x, float y);                          /* 2, 3: MESSAG in user coordinates */
+void RLNUMB(float value, int digits, float x, float y);                   /* 2, 3 */
+void RLINE(float x1, float y1, float x2, float y2);                       /* 2, 3 */
+void RLSYMB(int symbol, float x, float y);                                /* 2, 3 */
+void RLSTRT(float x, float y);                                            /* 2, 3 */
+void RLCONN(float x, float y);                                            /* 2, 3 */
+
+/* ---- Bars ------------------------------------------------------------------------------------------------------ */
+
+/* 2, 3: bars from y to y1 at positions x. BARPOS writes into the arrays. Horizontal types take positions on the Y axis.
+ */
+void BARS(float* x, float* y, float* y1, int n);
+/* 2, 3: ticks or candles */
+void FBARS(const float* x, const float* open, const float* high, const float* low, const float* close, int n);
+void BARTYP(const char* type);                  /* setter: "VERT", "HORI", "3DVE", "3DHO"; of FBARS "TICK", "CAND" */
+void BARMOD(const char* mode, const char* key); /* setter: "FIXE", "VARI" for "WIDT" */
+void BARGRP(int n, float gap);                  /* setter: n 1..30 calls side by side; gap: fraction, else plot units */
+void BARWTH(float width);                       /* setter: fraction of the distance of two bars, negative: plot units */
+void BARPOS(const char* mode);                  /* setter: "NONE", "TICK", "AXIS", "BOTH" */
+void CHNBAR(const char* mode);                  /* setter: "NONE", "COLO", "PATT", "BOTH" */
+void BARCLR(int front, int side, int top);      /* setter: -1 current; FBARS: line, falling or left, rising or right */
+void BARBOR(int color);                         /* setter: -1 current */
+void BAROPT(float depth, float angle); /* setter: 3-D bars; depth in plot units, negative: the width of a bar */
+/* Labels of bars: LABELS "NONE", "SECO", "FIRS", "MAXI", "MINI", "DELT", "POSI"; LABPOS "AUTO", "INSI", "OUTS", "LEFT",
+ * "ABOV", "RIGH", "BELO", "CENT"; LABDIG; LABCLR; each with "BARS" in place of the axis string. */
+void LABCLR(int color, const char* chart); /* setter: "BARS", "PIE" */
+void PATCYC(int i, int pattern);           /* setter: i 1..30 */
+
+/* ---- Pies ------------------------------------------------------------------------------------------------------ */
+
+/* 1: opens an axis system without axes and draws the pie. lines: of a legend's buffer for each segment. A negative
+ * value moves its segment out. Labels: LABELS "NONE", "PERC", "DATA", "BOTH"; LABPOS "INTE", "EXTE", "ALIG"; LABTYP
+ * "CENT", "LEFT", "RIGH", "OUTW", "INWA"; LABCLR; each with "PIE" in place of the axis string; LABDIG with "DAT",
+ * "PER". */
+void PIEGRF(const char* buffer, int lines, const float* x, int n);
+void CHNPIE(const char* mode);           /* setter: "NONE", "COLO", "PATT", "BOTH" */
+void PIETYP(const char* type);           /* setter: "2D", "3D" */
+void PIEEXP(void);                       /* setter: all segments are moved out */
+void PIEOPT(float angle, float depth);   /* setter, 3-D: view in degrees over the plane; thickness in radiuses, 0..10 */
+void PIEROT(float angle);                /* setter: degrees, anticlockwise */
+void PIEVEC(int kind, const char* mode); /* setter: kind 0..9999; "BROK", "STRA", "NONE" */
+void PIEVAL(float value, const char* key); /* setter: "GAP" between labels, "DIST" from the pie; in character heights */
+void PIECLR(const int* colors, const int* sideColors, int n); /* setter: n 0..30, -1 current */
+void PIEBOR(int color);                                       /* setter: -1 current */
+void PIELAB(const char* text, const char* key); /* setter: up to 20 characters, "LEFT" or "RIGH" of data */
+/* 1..3: called for each segment (from 1) with value and percentage. It may change pattern, colour, how far the segment
+ * is moved out (1 the usual distance), mode, place, justification (each counted from 0 in the lists above) and colour
+ * of the label. Null: none. */
+void PIECBK(void (*routine)(int segment, float value, float percent, int* pattern, int* color, float* exploded,
+                            int* labelMode, int* labelPlace, int* labelJustify, int* labelColor));
+
+/* ---- Legends --------------------------------------------------------------------------------------------------- */
+
+/* The text buffer belongs to the caller: lines * length characters. All but LEGTYP and MIXLEG need LEGINI first. */
+void LEGINI(char* buffer, int lines, int length);      /* 1..3: lines 1..80, length 1..256; all settings anew */
+void LEGLIN(char* buffer, const char* text, int line); /* 1..3 */
+void LEGEND(const char* buffer, int corner);           /* 2, 3: corner 1..10, ignored after LEGPOS */
+int NXLEGN(const char* buffer);                        /* 1..3: width of the box with its frame */
+int NYLEGN(const char* buffer);                        /* 1..3: height */
+void LEGTYP(const char* type);                         /* setter, before LEGINI: "VERT", "HORI", "TABL" */
+void LEGTBL(int n, const char* direction);             /* setter: "VERT" n rows, "HORI" n columns */
+void LEGPOS(int nx, int ny);                           /* setter: upper left corner */
+void LEGTIT(const char* title);                        /* setter: "" for no title */
+void LEGVAL(float value, const char* key);             /* setter: "PATT", "MARG", "LINE", "SYMB", "HSPA", "DIST" */
+void LEGOPT(float pattern, float margin, float gap);   /* setter: in character heights */
+void LEGSEL(const int* lines, int n);                  /* setter: n 0..30 lines to draw, -1 all */
+void LEGCLR(void);                                     /* setter: texts in the colours of the curves */
+void LEGBGD(int color);                                /* setter: background, -1 none */
+/* setter: line type or -1, thickness, symbol or -1, colour or -1, pattern or -1 of a line */
+void LEGPAT(int type, int thickness, int symbol, int color, int pattern, int line);
+void MIXLEG(void); /* setter: lines break at the control character of SETMIX */
+
+/* ---- Numeric helpers: arrays of the user alone ----------------------------------------------------------------- */
+
+/* any, 2..3 when it draws: y = a * x + b and correlation r, n at least 2; "NONE", "ALL" draws symbols and line, "LINE"
+ */
+void LINFIT(const float* x, const float* y, int n, float* a, float* b, float* r, const char* option);
+float MOMENT(const float* x, int n, const char* kind);     /* any: "MEAN", "AVER", "VARI", "STAN", "THIR", "FOUR" */
+void SORTR1(float* x, int n, const char* order);           /* any: 'A' ascending, 'D' descending */
+void SORTR2(float* x, float* y, int n, const char* order); /* any: y keeps step with x */
+void TRFCO1(float* x, int n, const char* from, const char* to); /* any: "DEGR", "RADI" */
+/* any: "RECT" x, y; "POLA" radius, angle; "SPHE" longitude, latitude, radius; "CYLI" radius, angle, z; in degrees */
+void TRFCO2(float* x, float* y, int n, const char* from, const char* to);
+void TRFCO3(float* x, float* y, float* z, int n, const char* from, const char* to);
+/* any: bilinear resampling of a matrix with y fast, all sizes at least 2 */
+void TRFMAT(const float* z, int nx, int ny, float* z2, int nx2, int ny2);
 
 #ifdef __cplusplus
 }

@@ -60,4 +60,40 @@ ClipResult clipSegment(const ClipBox& box, Segment& segment) {
   return result;
 }
 
+ClipResult clipSegment(const ClipCircle& circle, Segment& segment) {
+  ClipResult hidden{false, false, false};
+  // The segment is p + t d, t from 0 to 1; on the circle a t^2 + 2 b t + c = 0.
+  double px = static_cast<double>(segment.x0) - circle.x, py = static_cast<double>(segment.y0) - circle.y;
+  double dx = static_cast<double>(segment.x1) - segment.x0, dy = static_cast<double>(segment.y1) - segment.y0;
+  double a = dx * dx + dy * dy, b = px * dx + py * dy, radius = static_cast<double>(circle.radius);
+  if (!std::isfinite(a) || !std::isfinite(b)) return hidden;
+  bool first = insideCircle(circle, segment.x0, segment.y0), second = insideCircle(circle, segment.x1, segment.y1);
+  if (first && second) return {true, false, false};
+  double discriminant = b * b - a * (px * px + py * py - radius * radius);
+  if (a == 0.0 || !(discriminant > 0.0)) return hidden;
+  double root = std::sqrt(discriminant), enter = (-b - root) / a, leave = (-b + root) / a;
+  if (first) enter = 0.0;
+  if (second) leave = 1.0;
+  // Both ends outside: the piece is visible only if the line meets the circle between them.
+  if (enter >= leave || enter >= 1.0 || leave <= 0.0) return hidden;
+  float x0 = segment.x0, y0 = segment.y0;
+  auto at = [](float from, double step, double t) { return static_cast<float>(static_cast<double>(from) + step * t); };
+  if (!first) {
+    segment.x0 = at(x0, dx, enter);
+    segment.y0 = at(y0, dy, enter);
+  }
+  if (!second) {
+    segment.x1 = at(x0, dx, leave);
+    segment.y1 = at(y0, dy, leave);
+  }
+  return {true, !first, !second};
+}
+
+ClipResult clipSegment(const ClipRegion& region, Segment& segment) {
+  ClipResult result = clipSegment(region.box, segment);
+  if (!result.visible || !region.round) return result;
+  ClipResult cut = clipSegment(region.circle, segment);
+  return {cut.visible, result.firstMoved || cut.firstMoved, result.secondMoved || cut.secondMoved};
+}
+
 } // namespace quilla

@@ -1,4 +1,4 @@
-// Clipping of segments at a rectangle, in plot units.
+// Clipping of segments at a rectangle and at a circle inside it, in plot units.
 #pragma once
 
 namespace quilla {
@@ -8,6 +8,16 @@ inline constexpr float kClipTolerance = 0.001F;
 
 struct ClipBox {
   float x0, y0, x1, y1;
+};
+
+struct ClipCircle {
+  float x, y, radius;
+};
+
+struct ClipRegion {
+  ClipBox box;
+  bool round; // the circle cuts too
+  ClipCircle circle;
 };
 
 struct Segment {
@@ -24,7 +34,18 @@ inline bool insideBox(const ClipBox& b, float x, float y) {
          y <= b.y1 + kClipTolerance;
 }
 
-// Cuts the segment to the box. A segment with a coordinate that is no finite number is not visible.
+inline bool insideCircle(const ClipCircle& c, float x, float y) {
+  float dx = x - c.x, dy = y - c.y, reach = c.radius + kClipTolerance;
+  return dx * dx + dy * dy <= reach * reach;
+}
+
+inline bool insideRegion(const ClipRegion& r, float x, float y) {
+  return insideBox(r.box, x, y) && (!r.round || insideCircle(r.circle, x, y));
+}
+
+// Cut the segment. One with a coordinate that is no finite number is not visible.
 ClipResult clipSegment(const ClipBox& box, Segment& segment);
+ClipResult clipSegment(const ClipCircle& circle, Segment& segment);
+ClipResult clipSegment(const ClipRegion& region, Segment& segment);
 
 } // namespace quilla

@@ -1,6 +1,8 @@
 // Colours.
 #pragma once
 
+#include "core/message_group.h"
+
 namespace quilla {
 
 inline constexpr int kColorTableSize = 256;
@@ -39,6 +41,7 @@ struct ColorGroup {
   int namedColors[kNamedColorCount] = {}; // WHIT RED GREE YELL BLUE ORAN CYAN MAGE BLAC
   int colorCycle[kCycleLength] = {};      // CLRCYC; SETVLT fills it with the named colours
   int colorRangeLow = 1, colorRangeHigh = 254;
+  char tableFile[kFileNameLength + 1] = ""; // from which VLTFIL loaded the table
 };
 
 // Working state, resolved at QUIINI.

@@ -98,7 +98,9 @@ void SETIND(int i, float r, float g, float b) {
   if (!areComponents(r, g, b, kTiny)) return warnPlain(s, 2);
   flushPath(s);
   s->color.colorTable[i] = (toByte(r) << 16) | (toByte(g) << 8) | toByte(b);
-  sinkColorTable(s, i, i);
+  constexpr int kFirstFile = 101;
+  bool screen = s->deviceSetup.deviceNumber < kFirstFile;
+  sinkColorTable(s, screen ? 0 : i, screen ? kColorTableSize - 1 : i);
 }
 
 void GETIND(int i, float* r, float* g, float* b) {

@@ -145,6 +145,8 @@ void setGroundColors(PlotState* s, int kind) {
   c.backgroundColor = 0;
   bool plain = kind == kTableRain || kind == kTableSpectrum || kind == kTableGrey || kind == kTableTemperature;
   bool paper = isMetafileOrPost(device) || device == 701;
+  // The page of a metafile is white. Unless the table is turned for it, the last entry of a reversed one is black.
+  bool plainMetafile = device == 231 && s->colorState.backgroundMode != kBackgroundReverse;
   if (plain && paper) {
     c.foregroundColor = 0;
     c.backgroundColor = 255;
@@ -154,7 +156,7 @@ void setGroundColors(PlotState* s, int kind) {
   } else if (kind == kTableVga) {
     top = 15;
     c.foregroundColor = 15;
-  } else if (isReversedTable(kind) && s->device.colourDepth > 8 && !isMetafileOrPost(device) && device != 231) {
+  } else if (isReversedTable(kind) && s->device.colourDepth > 8 && !isMetafileOrPost(device) && !plainMetafile) {
     c.foregroundColor = 0;
     c.backgroundColor = 255;
   }
@@ -197,6 +199,7 @@ void loadColorTable(PlotState* s, int kind) {
   int device = s->deviceSetup.deviceNumber;
   if (device >= 301 && device <= 400) kind = kTableSmall;
   c.tableKind = kind;
+  c.tableFile[0] = 0;
   const int* named = kind == kTableGrey || kind == kTableReverseGrey ? kNamedInGrey : kNamedInColor;
   for (int i = 0; i < kNamedColorCount; i++) c.namedColors[i] = named[i];
   adjustNamedColors(s, kind);

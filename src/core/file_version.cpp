@@ -1,5 +1,7 @@
 #include "core/file_version.h"
 
+#include <sys/stat.h>
+
 #include <cstdio>
 #include <cstring>
 
@@ -12,6 +14,12 @@ namespace {
 // In the mode "COUN" base, separator and number together are cut to this many characters.
 constexpr int kShortNameLength = 8;
 constexpr char kSeparators[] = {'_', '-', 0};
+
+// Devices and pipes take what is written and keep no earlier file.
+bool keepsNothing(const char* name) {
+  struct stat status;
+  return stat(name, &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
+}
 
 bool fileExists(const char* name) {
   std::FILE* f = std::fopen(name, "rb");
@@ -77,7 +85,7 @@ bool numberedName(const DeviceSetup& d, const char* name, const NameParts& parts
 
 int versionFileName(PlotState* s, char* name) {
   const DeviceSetup& d = s->deviceSetup;
-  if (!fileExists(name)) return kVersionFine;
+  if (keepsNothing(name) || !fileExists(name)) return kVersionFine;
   if (d.fileMode == kFileDelete) {
     if (std::remove(name) == 0) return kVersionFine;
     return refuse(s, kVersionNotDeleted, "Plotfile cannot be deleted");

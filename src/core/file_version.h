@@ -13,8 +13,8 @@ enum FileVersionResult : int {
 };
 
 // Makes name (kFileNameLength + 1 bytes) the name of a file that may be written: as it is if no such file exists, else
-// deleted, refused or numbered by fileMode. On a refusal the text is put into customMessage and its number returned;
-// the caller reports it.
+// deleted, refused or numbered by fileMode. The name of a device stands. On a refusal the text is put into
+// customMessage and its number returned; the caller reports it.
 int versionFileName(PlotState* s, char* name);
 
 } // namespace quilla

@@ -23,6 +23,7 @@ void LINE(int nx1, int ny1, int nx2, int ny2) {
   if (!s) return;
   penMove(s, static_cast<float>(nx1), static_cast<float>(userY(s, ny1)));
   penDraw(s, static_cast<float>(nx2), static_cast<float>(userY(s, ny2)));
+  if (s->dash.patternColorSent) flushPath(s);
 }
 
 void XMOVE(float x, float y) {
@@ -57,6 +58,15 @@ void MYLINE(const int* lengths, int n) {
   s->line.linePatternCount = n;
   for (int i = 0; i < n; i++) s->line.linePattern[i] = lengths[i];
   resetDash(s);
+}
+
+void LINCLR(const int* colors, int n) {
+  PlotState* s = setterCheck("linclr");
+  if (!s || checkRange(s, n, 0, kPatternColorLimit)) return;
+  flushPath(s);
+  s->line.linePatternColorCount = n;
+  for (int i = 0; i < n; i++) s->line.linePatternColors[i] = colors[i];
+  s->dash.colorCycleElement = 1;
 }
 
 void LINWID(int width) {
@@ -102,6 +112,21 @@ void LNMLT(float limit) {
   sinkMiterLimit(s, limit);
 }
 
+void HWMODE(const char* mode, const char* key) {
+  constexpr int kLines = 1;
+  PlotState* s = setterCheck("hwmode");
+  if (!s) return;
+  int value = matchKeyword(s, "OFF +ON  ", 2, mode), found = matchKeyword(s, "LINE+SHAD", 2, key);
+  if (!value || !found) return;
+  if (found != kLines) {
+    s->line.hardwareShading = value == 2;
+    return;
+  }
+  flushPath(s);
+  s->line.hardwareLines = value == 2;
+  if (s->line.lineWidthSetting < 0) setLineWidth(s, -s->line.lineWidthSetting);
+}
+
 void CLPWIN(int nx, int ny, int nw, int nh) {
   PlotState* s = strictCheck(1, 3, "clpwin");
   if (!s) return;
@@ -115,6 +140,7 @@ void CLPWIN(int nx, int ny, int nw, int nh) {
   s->clip.clipPageY1 = top + nh - 1;
   s->clip.clipBorderMode = kBorderWindow;
   setClipRectangle(s, s->clip.clipPageX0, s->clip.clipPageY0, s->clip.clipPageX1, s->clip.clipPageY1);
+  sendClip(s, 0.0F);
 }
 
 void GETCLP(int* nx, int* ny, int* nw, int* nh) {

@@ -35,6 +35,12 @@ void NOCHEK(void) {
   if (PlotState* s = setterCheck("nochek")) s->message.dataCheckOn = false;
 }
 
+FILE* GETUNI(void) {
+  PlotState* s = strictCheck(1, 3, "getuni");
+  if (!s || s->message.messageUnit == kUnitNone) return nullptr;
+  return s->streams.messageStream ? s->streams.messageStream : stdout;
+}
+
 void UNIT(FILE* stream) {
   PlotState* s = setterCheck("unit");
   if (!s) return;

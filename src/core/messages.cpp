@@ -4,8 +4,8 @@
 #include <cstring>
 #include <string_view>
 
-#include "core/clock.h"
 #include "core/file_version.h"
+#include "core/levels.h"
 
 namespace quilla {
 
@@ -228,7 +228,8 @@ void openErrorFile(PlotState* s) {
   constexpr std::string_view kNullDevice = "/dev/null";
   MessageSetup& setup = s->messageSetup;
   MessageStreams& streams = s->streams;
-  if (setup.errorDevice == kErrorConsole || streams.errorFileOpen) return;
+  if ((setup.errorDevice == kErrorConsole && !s->windowSetup.windowsApplication) || streams.errorFileOpen) return;
+  ProcessLock lock;
   if (!setup.errorFileNameGiven) copyText(setup.errorFileName, "quilla.err", kFileNameLength);
   bool nullDevice = std::string_view(setup.errorFileName).substr(0, kNullDevice.size()) == kNullDevice;
   if (!nullDevice && setup.errorDevice == kErrorFile && versionFileName(s, setup.errorFileName) != kVersionFine) return;
@@ -236,41 +237,6 @@ void openErrorFile(PlotState* s) {
   if (!file) return;
   streams.errorFileStream = streams.messageStream = file;
   streams.errorFileOpen = true;
-}
-
-void printProtocol(PlotState* s, int mode) {
-  constexpr int kLibraryPatch = 2;
-  ClockReading now = readClock();
-  char date[11], time[9], patch[4] = "   ", line[128];
-  formatDate(now, date);
-  formatTime(now, time);
-  if constexpr (kLibraryPatch != 0) std::snprintf(patch, sizeof patch, ".%-2d", kLibraryPatch);
-  std::FILE* out = s->streams.messageStream ? s->streams.messageStream : stdout;
-  char rule[70];
-  std::memset(rule, '<', sizeof rule - 1);
-  rule[sizeof rule - 1] = 0;
-  char vectors[16], warnings[16];
-  std::snprintf(vectors, sizeof vectors, "%d", s->counters.vectorCount);
-  std::snprintf(warnings, sizeof warnings, "%d", s->counters.warningCount);
-  std::fprintf(out, "\n %s", rule);
-  std::fprintf(out, "\n <<                END OF QUILLA / VERSION %4.1f%s               <<", 11.5, patch);
-  std::fprintf(out, "\n <<  Date    : %10s  Time    : %8s  Pageformat: %4s  <<", date, time,
-               s->pageSetup.pageFormatName);
-  std::fprintf(out, "\n <<  Vectors : %-10s  Warnings: %-8s  Fileformat: %4s  <<", vectors, warnings,
-               s->deviceSetup.deviceKeyword);
-  if (s->counters.nanCount != 0) {
-    std::snprintf(line, sizeof line, "%d", s->counters.nanCount);
-    std::fprintf(out, "\n <<  NaN     : %-48s  <<", line);
-  }
-  if (mode != 10) {
-    std::snprintf(line, sizeof line, "Metafile: %.48s", mode != 0 ? s->deviceSetup.plotFileName : "");
-    std::fprintf(out, "\n <<  %-58s  <<", line);
-  }
-  if (mode >= 10) {
-    std::snprintf(line, sizeof line, "Err-file: %.48s", s->messageSetup.errorFileName);
-    std::fprintf(out, "\n <<  %-58s  <<", line);
-  }
-  std::fprintf(out, "\n %s\n\n", rule);
 }
 
 } // namespace quilla

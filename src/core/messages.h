@@ -41,7 +41,11 @@ void keyOf(const char* text, char key[5]);
 // Opens the error file if one is wanted and not open.
 void openErrorFile(PlotState* s);
 
-// Messages of the protocol at the end of a run. mode: 1 for a plot file, plus 10 when the error file is open.
+// The protocol at the end of a run, on the message stream. mode: 1 for a plot file, plus 10 when the error file is
+// open.
 void printProtocol(PlotState* s, int mode);
+
+// The protocol of a windows application: shown in a message box if there is one, else printed.
+void showProtocol(PlotState* s, int mode);
 
 } // namespace quilla

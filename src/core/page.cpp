@@ -6,6 +6,7 @@
 #include "core/levels.h"
 #include "core/messages.h"
 #include "core/pipeline.h"
+#include "device/device_table.h"
 #include "device/sink.h"
 #include "quilla/quilla.h"
 
@@ -78,6 +79,38 @@ void startPage(PlotState* s) {
 } // namespace quilla
 
 using namespace quilla;
+
+namespace {
+
+// A plot point as it stands on screens and rasters, in pixels; false after a message on other devices.
+bool pixelOf(const char* name, int nx, int ny, int& column, int& row) {
+  constexpr int kFirstFile = 101;
+  PlotState* s = strictCheck(1, 3, name);
+  if (!s) return false;
+  int device = s->deviceSetup.deviceNumber;
+  if (device >= kFirstFile && deviceFamily(device) != DeviceFamily::kRaster) {
+    warnWithText(s, 161, "Bad output device");
+    return false;
+  }
+  float x = static_cast<float>(nx) + static_cast<float>(s->page.originX);
+  float y = static_cast<float>(userY(s, ny)) + static_cast<float>(s->page.originY), scale = s->device.deviceScale;
+  bool turned = s->pageSetup.pageRotation == kPageTurned;
+  column = roundHalfUp((turned ? y : x) * scale);
+  row = roundHalfUp((turned ? static_cast<float>(s->geometry.pageWidth) - x : y) * scale);
+  return true;
+}
+
+} // namespace
+
+int NXPIXL(int nx, int ny) {
+  int column = 0, row = 0;
+  return pixelOf("nxpixl", nx, ny, column, row) ? column : 0;
+}
+
+int NYPIXL(int nx, int ny) {
+  int column = 0, row = 0;
+  return pixelOf("nypixl", nx, ny, column, row) ? row : 0;
+}
 
 void SETPAG(const char* format) {
   PlotState* s = strictCheck(0, 0, "setpag");
@@ -202,6 +235,7 @@ void NEWPAG(void) {
   flushPath(s);
   s->geometry.pageNumber++;
   sinkNewPage(s);
+  if (s->clip.clipBorderMode == kBorderWindow) sendClip(s, 0.0F);
 }
 
 void ERASE(void) {

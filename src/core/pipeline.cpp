@@ -1,211 +1,120 @@
 #include "core/pipeline.h"
 
-#include <cmath>
-#include <memory>
-#include <new>
-
-#include "core/clipper.h"
-#include "core/messages.h"
 #include "core/page.h"
+#include "core/path.h"
+#include "core/shields.h"
 #include "device/sink.h"
 
 namespace quilla {
 
+ClipRegion activeRegion(const PlotState* s) {
+  const ClipGroup& c = s->clip;
+  return {{static_cast<float>(c.clipX0), static_cast<float>(c.clipY0), static_cast<float>(c.clipX1),
+           static_cast<float>(c.clipY1)},
+          c.clipIsCircle,
+          {c.clipCenterX, c.clipCenterY, c.clipRadius}};
+}
+
 namespace {
 
-// Line types in 0.1 mm: lengths drawn and not drawn in turn.
-struct LineType {
-  int count;
-  int lengths[4];
-};
-constexpr LineType kLineTypes[kLineTypeCount] = {
-    {1, {1}},      {2, {1, 10}}, {2, {10, 10}}, {4, {30, 15, 10, 15}}, {4, {1, 15, 15, 15}},
-    {2, {20, 15}}, {2, {1, 20}}, {2, {30, 20}},
-};
-
-ClipBox activeBox(const PlotState* s) {
-  const ClipGroup& c = s->clip;
-  return {static_cast<float>(c.clipX0), static_cast<float>(c.clipY0), static_cast<float>(c.clipX1),
-          static_cast<float>(c.clipY1)};
-}
-
-// The open path to the sink. The pen follows the visible parts: down at (x, y) while the path stays inside.
-void sendPath(PlotState* s) {
-  const PathState& p = s->path;
-  ClipBox box = activeBox(s);
-  bool down = insideBox(box, p.pathX[0], p.pathY[0]);
-  if (down) qqpen(s, p.pathX[0], p.pathY[0], kPenMove);
-  for (int i = 1; i < p.pathCount; i++) {
-    float x = p.pathX[i], y = p.pathY[i];
-    if (down && insideBox(box, x, y)) {
-      qqpen(s, x, y, kPenDraw);
-      continue;
-    }
-    Segment part{p.pathX[i - 1], p.pathY[i - 1], x, y};
-    ClipResult result = clipSegment(box, part);
-    if (result.visible) {
-      if (!down || result.firstMoved) qqpen(s, part.x0, part.y0, kPenMove);
-      qqpen(s, part.x1, part.y1, kPenDraw);
-    }
-    down = result.visible && !result.secondMoved;
+// The parts of a segment outside the shields; down: the pen of the device stands at its start. True if it ends at its
+// end.
+bool drawOutsideShields(PlotState* s, const Segment& part, bool down) {
+  Segment pieces[kShieldPieces];
+  int count = piecesOutsideShields(s, part, pieces);
+  for (int k = 0; k < count; k++) {
+    bool continued = down && k == 0 && pieces[0].x0 == part.x0 && pieces[0].y0 == part.y0;
+    if (!continued) qqpen(s, pieces[k].x0, pieces[k].y0, kPenMove);
+    qqpen(s, pieces[k].x1, pieces[k].y1, kPenDraw);
   }
-}
-
-void appendPoint(PlotState* s, float x, float y) {
-  PathState& p = s->path;
-  if (p.pathCount > 0 && p.pathX[p.pathCount - 1] == x && p.pathY[p.pathCount - 1] == y) return;
-  p.pathX[p.pathCount] = x;
-  p.pathY[p.pathCount] = y;
-  if (++p.pathCount < kPathLimit) return;
-  flushPath(s);
-  p.pathX[0] = x;
-  p.pathY[0] = y;
-  p.pathCount = 1;
-}
-
-void startPath(PlotState* s, float x, float y) {
-  flushPath(s);
-  s->path.pathX[0] = x;
-  s->path.pathY[0] = y;
-  s->path.pathCount = 1;
-}
-
-void nextElement(PlotState* s) {
-  DashState& d = s->dash;
-  d.dashElement = d.dashElement >= s->line.linePatternCount ? 1 : d.dashElement + 1;
-  d.dashGap = 1 - d.dashGap;
-  d.dashRemaining = static_cast<float>(s->line.linePattern[d.dashElement - 1]);
-}
-
-// Advances the phase by a length of which nothing is visible.
-void skipDashes(PlotState* s, double length) {
-  double period = 0.0;
-  for (int i = 0; i < s->line.linePatternCount; i++) period += s->line.linePattern[i];
-  if (s->line.linePatternCount % 2 != 0) period *= 2.0;
-  double rest = std::fmod(length, period);
-  while (s->dash.dashRemaining <= rest) {
-    rest -= static_cast<double>(s->dash.dashRemaining);
-    nextElement(s);
-  }
-  s->dash.dashRemaining -= static_cast<float>(rest);
-}
-
-// Dashes along a segment from distance `from` to `to` of its start; the pen enters it with a move.
-void dashAlong(PlotState* s, float x0, float y0, double ux, double uy, double from, double to, bool continued) {
-  DashState& d = s->dash;
-  auto at = [&](double t, bool draw) {
-    float x = static_cast<float>(x0 + ux * t), y = static_cast<float>(y0 + uy * t);
-    if (draw) {
-      appendPoint(s, x, y);
-    } else {
-      startPath(s, x, y);
-    }
-  };
-  double t = from;
-  if (!continued || s->path.pathCount == 0) at(t, false);
-  while (d.dashRemaining <= to - t) {
-    t += static_cast<double>(d.dashRemaining);
-    at(t, d.dashGap == 0);
-    nextElement(s);
-  }
-  at(to, d.dashGap == 0);
-  d.dashRemaining -= static_cast<float>(to - t);
-}
-
-void drawDashed(PlotState* s, float x0, float y0, float x1, float y1, bool continued) {
-  double dx = static_cast<double>(x1) - x0, dy = static_cast<double>(y1) - y0, length = std::hypot(dx, dy);
-  if (!std::isfinite(length) || length == 0.0) return;
-  double ux = dx / length, uy = dy / length, from = 0.0, to = length;
-  ClipBox box = activeBox(s);
-  if (!insideBox(box, x0, y0) || !insideBox(box, x1, y1)) {
-    // Only the visible part is dashed, so that the cost does not grow with lengths far off the page.
-    Segment part{x0, y0, x1, y1};
-    if (!clipSegment(box, part).visible) return skipDashes(s, length);
-    from = std::hypot(static_cast<double>(part.x0) - x0, static_cast<double>(part.y0) - y0);
-    to = from + std::hypot(static_cast<double>(part.x1) - part.x0, static_cast<double>(part.y1) - part.y0);
-    if (from > 0.0) skipDashes(s, from);
-  }
-  dashAlong(s, x0, y0, ux, uy, from, to, continued && from == 0.0);
-  if (to < length) skipDashes(s, length - to);
+  return count > 0 && pieces[count - 1].x1 == part.x1 && pieces[count - 1].y1 == part.y1;
 }
 
 } // namespace
 
-void flushPath(PlotState* s) {
+void drawAcrossEdge(ClippedPen& pen, float x, float y) {
+  Segment part{pen.x, pen.y, x, y};
+  ClipResult result = clipSegment(pen.region, part);
+  if (result.visible && pen.shielded) {
+    pen.down = drawOutsideShields(pen.s, part, pen.down && !result.firstMoved) && !result.secondMoved;
+    return;
+  }
+  if (result.visible) {
+    if (!pen.down || result.firstMoved) qqpen(pen.s, part.x0, part.y0, kPenMove);
+    qqpen(pen.s, part.x1, part.y1, kPenDraw);
+  }
+  pen.down = result.visible && !result.secondMoved;
+}
+
+void sendPath(PlotState* s) {
   PathState& p = s->path;
   if (p.pathCount > 1 && !p.flushRunning) {
     p.flushRunning = true;
-    sendPath(s);
+    ClippedPen pen{s, activeRegion(s), 0.0F, 0.0F, false, false, isShielded(s)};
+    moveClipped(pen, p.pathX[0], p.pathY[0]);
+    for (int i = 1; i < p.pathCount; i++) drawClipped(pen, p.pathX[i], p.pathY[i]);
+    if (s->line.lineWidthSetting > 1) strokeOutline(s, p.pathX, p.pathY, p.pathCount);
     p.flushRunning = false;
   }
   p.pathCount = 0;
 }
 
-void pathMove(PlotState* s, float x, float y) { startPath(s, x, y); }
+void flushPath(PlotState* s) {
+  sendPath(s);
+  if (!s->dash.patternColorSent) return;
+  s->dash.patternColorSent = false;
+  qqcolor(s, s->color.currentColor);
+}
+
+void transformPoint(const PlotState* s, float& x, float& y) {
+  const TransformGroup& t = s->transform;
+  double px = static_cast<double>(x), py = static_cast<double>(y);
+  x = static_cast<float>(t.xx * px + t.xy * py + t.x1);
+  y = static_cast<float>(t.yx * px + t.yy * py + t.y1);
+}
+
+void startPath(PlotState* s, float x, float y) {
+  sendPath(s);
+  if (s->transform.transformOn) transformPoint(s, x, y);
+  s->path.pathX[0] = x;
+  s->path.pathY[0] = y;
+  s->path.pathCount = 1;
+}
+
+// A path of two equal points is a visible dot. In longer ones a point that repeats the last adds nothing.
+void appendPoint(PlotState* s, float x, float y) {
+  PathState& p = s->path;
+  if (s->transform.transformOn) transformPoint(s, x, y);
+  int last = p.pathCount - 1;
+  if (last > 0) {
+    if (p.pathX[last] == x && p.pathY[last] == y) return;
+    if (last == 1 && p.pathX[0] == p.pathX[1] && p.pathY[0] == p.pathY[1]) p.pathCount = 1;
+  }
+  p.pathX[p.pathCount] = x;
+  p.pathY[p.pathCount] = y;
+  if (++p.pathCount < kPathLimit) return;
+  sendPath(s);
+  p.pathX[0] = x;
+  p.pathY[0] = y;
+  p.pathCount = 1;
+}
+
+void pathMove(PlotState* s, float x, float y) {
+  flushPath(s);
+  startPath(s, x, y);
+}
 
 void pathDraw(PlotState* s, float x, float y) { appendPoint(s, x, y); }
 
-void penMove(PlotState* s, float x, float y) {
-  DashState& d = s->dash;
-  d.pathPenX = x + static_cast<float>(s->page.originX);
-  d.pathPenY = y + static_cast<float>(s->page.originY);
-  d.gapMovePending = d.lineGapSize != 0.0F;
-  if (d.gapMovePending) {
-    flushPath(s);
-  } else {
-    startPath(s, d.pathPenX, d.pathPenY);
-  }
-}
-
-void penDraw(PlotState* s, float x, float y) {
-  DashState& d = s->dash;
-  float toX = x + static_cast<float>(s->page.originX), toY = y + static_cast<float>(s->page.originY);
-  float fromX = d.pathPenX, fromY = d.pathPenY;
-  d.pathPenX = toX;
-  d.pathPenY = toY;
-  if (s->line.linePatternCount == 1 && d.lineGapSize == 0.0F) {
-    if (s->path.pathCount == 0) startPath(s, fromX, fromY);
-    return appendPoint(s, toX, toY);
-  }
-  bool continued = !d.gapMovePending;
-  if (d.lineGapSize != 0.0F) {
-    double dx = static_cast<double>(toX) - fromX, dy = static_cast<double>(toY) - fromY, length = std::hypot(dx, dy);
-    if (!std::isfinite(length) || length == 0.0) return;
-    float shiftX = static_cast<float>(-dy / length) * d.lineGapSize,
-          shiftY = static_cast<float>(dx / length) * d.lineGapSize;
-    fromX += shiftX;
-    fromY += shiftY;
-    toX += shiftX;
-    toY += shiftY;
-    d.gapMovePending = false;
-  }
-  if (s->line.linePatternCount == 1) {
-    if (continued && s->path.pathCount > 0) {
-      appendPoint(s, fromX, fromY);
-    } else {
-      startPath(s, fromX, fromY);
-    }
-    return appendPoint(s, toX, toY);
-  }
-  drawDashed(s, fromX, fromY, toX, toY, continued);
-}
-
-void resetDash(PlotState* s) {
-  s->dash.dashElement = 1;
-  s->dash.dashGap = 0;
-  s->dash.dashRemaining = static_cast<float>(s->line.linePattern[0]);
-}
-
-void setLineType(PlotState* s, int index) {
+KeptLineStyle keepLineStyle(PlotState* s) {
   flushPath(s);
-  const LineType& type = kLineTypes[index];
-  s->line.lineStyleIndex = index;
-  s->line.linePatternCount = type.count;
-  for (int i = 0; i < type.count; i++) {
-    int length = plotUnits(s, type.lengths[i]);
-    s->line.linePattern[i] = length < 1 ? 1 : length;
-  }
-  resetDash(s);
+  return {s->line, s->dash};
+}
+
+void restoreLineStyle(PlotState* s, const KeptLineStyle& kept) {
+  flushPath(s);
+  s->line = kept.line;
+  s->dash = kept.dash;
 }
 
 void setLineWidth(PlotState* s, int width) {
@@ -220,30 +129,6 @@ void setPenWidth(PlotState* s, float width) {
   s->line.lineWidthSetting = sinkPenWidth(s, width) ? -rounded : rounded;
 }
 
-void fillPolygon(PlotState* s, const float* x, const float* y, int n) {
-  constexpr int kOnStack = 64;
-  if (n < 3) return;
-  flushPath(s);
-  float originX = static_cast<float>(s->page.originX), originY = static_cast<float>(s->page.originY);
-  if (originX == 0.0F && originY == 0.0F) {
-    qqfill(s, x, y, n);
-    return;
-  }
-  float few[2 * kOnStack];
-  std::unique_ptr<float[]> many;
-  float* shifted = few;
-  if (n > kOnStack) {
-    many.reset(new (std::nothrow) float[2 * static_cast<std::size_t>(n)]);
-    shifted = many.get();
-    if (!shifted) return warnPlain(s, 53);
-  }
-  for (int i = 0; i < n; i++) {
-    shifted[i] = x[i] + originX;
-    shifted[n + i] = y[i] + originY;
-  }
-  qqfill(s, shifted, shifted + n, n);
-}
-
 void setClipRectangle(PlotState* s, int x0, int y0, int x1, int y1) {
   flushPath(s);
   int width = s->geometry.pageWidth, height = s->geometry.pageHeight;
@@ -254,5 +139,13 @@ void setClipRectangle(PlotState* s, int x0, int y0, int x1, int y1) {
 }
 
 void clipWholePage(PlotState* s) { setClipRectangle(s, 0, 0, s->geometry.pageWidth, s->geometry.pageHeight); }
+
+void sendClip(PlotState* s, float margin) {
+  const ClipGroup& c = s->clip;
+  bool cut = c.clipX0 > 0 || c.clipY0 > 0 || c.clipX1 < s->geometry.pageWidth || c.clipY1 < s->geometry.pageHeight;
+  if (!cut) return sinkClip(s, false, 0.0F, 0.0F, 0.0F, 0.0F);
+  sinkClip(s, true, static_cast<float>(c.clipX0) - margin, static_cast<float>(c.clipY0) - margin,
+           static_cast<float>(c.clipX1) + margin, static_cast<float>(c.clipY1) + margin);
+}
 
 } // namespace quilla

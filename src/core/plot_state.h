@@ -7,9 +7,16 @@
 #include "core/line_group.h"
 #include "core/message_group.h"
 #include "core/page_group.h"
+#include "core/shading_group.h"
+#include "core/shield_group.h"
+#include "core/window_group.h"
 #include "device/device_group.h"
+#include "graph2d/area_group.h"
 #include "graph2d/axis_group.h"
+#include "graph2d/bar_group.h"
 #include "graph2d/curve_group.h"
+#include "graph2d/legend_group.h"
+#include "graph2d/pie_group.h"
 #include "text/text_group.h"
 
 namespace quilla {
@@ -23,17 +30,28 @@ struct PlotState {
   PageSetup pageSetup;
   ColorSetup colorSetup;
   DeviceSetup deviceSetup;
+  LibrarySetup librarySetup;
+  WindowSetup windowSetup;
+  DateSetup dateSetup;
 
   // Run lifetime: set by the default settings of QUIINI and by RESET("ALL").
   MessageGroup message;
   PageGroup page;
   LineGroup line;
+  TransformGroup transform;
+  ShadingGroup shading;
   ColorGroup color;
+  ShieldGroup shield;
   TextGroup text;
   FontGroup font;
   AxisGroup axis;
   MyLabelGroup myLabels;
   CurveGroup curve;
+  IncludeGroup include;
+  AreaGroup area;
+  LegendGroup legend;
+  BarGroup bar;
+  PieGroup pie;
 
   // Working state.
   MessageStreams streams;
@@ -46,6 +64,9 @@ struct PlotState {
   TextState textState;
   ScalingState scaling;
   CycleState cycle;
+  LegendState legendState;
+  BarState barState;
+  bool shieldingSuspended = false;  // outlines of shields are not cut
   bool internalCoordinates = false; // a routine of the library draws: y of PAGORG is not reversed
 };
 

@@ -8,7 +8,7 @@ const DeviceRow kDeviceRows[kDeviceKeywordCount] = {
     {"PLTM", kDevicePltm},
     {"CGM ", kDeviceCgm},
     {"HPGL", kDeviceHpgl},
-    {"HPA4", 402},
+    {"HPA4", kDeviceHpglA4},
     {"HPA3", 403},
     {"HPA2", 404},
     {"HPA1", kDeviceHpglA1},
@@ -52,7 +52,7 @@ struct ExtensionRow {
 constexpr int kExtensionCount = 23;
 constexpr ExtensionRow kExtensions[kExtensionCount] = {
     {kDevicePltm, "met"},   {kDeviceCgm, "cgm"},   {kDeviceHpgl, "hpg"},
-    {402, "hpg"},           {403, "hpg"},          {404, "hpg"},
+    {kDeviceHpglA4, "hpg"}, {403, "hpg"},          {404, "hpg"},
     {kDeviceHpglA1, "hpg"}, {kDevicePost, "psc"},  {kDevicePostColor, "psc"},
     {kDeviceTiff, "tif"},   {kDeviceImage, "img"}, {kDevicePng, "png"},
     {kDeviceWmf, "wmf"},    {kDeviceEmf, "emf"},   {kDevicePpm, "ppm"},

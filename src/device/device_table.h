@@ -15,6 +15,7 @@ enum DeviceNumber : int {
   kDeviceWmf = 221,
   kDeviceEmf = 231,
   kDeviceHpgl = 401,
+  kDeviceHpglA4 = 402,
   kDeviceHpglA1 = 405,
   kDevicePost = 501,
   kDevicePostColor = 502,

@@ -259,6 +259,14 @@ void addReal(TextLine& line, double value, int decimals) {
   if (hasRoom(line, kNumberTextSize)) line.length = qqappf(line.text, line.length, value, decimals);
 }
 
+void joinInteger(TextLine& line, int value) {
+  if (hasRoom(line, kNumberTextSize)) line.length += qqicha(value, line.text + line.length, 0, false);
+}
+
+void joinReal(TextLine& line, double value, int decimals) {
+  if (hasRoom(line, kNumberTextSize)) line.length += qqfcha(value, decimals, line.text + line.length, 0);
+}
+
 char* putFixed1(char* p, double value) { return putFixed<1>(p, value); }
 char* putFixed2(char* p, double value) { return putFixed<2>(p, value); }
 char* putFixed3(char* p, double value) { return putFixed<3>(p, value); }

@@ -1,7 +1,11 @@
 #include <cstdlib>
 #include <cstring>
 
+#ifdef QUILLA_LIBDEFLATE
+#include <libdeflate.h>
+#else
 #include <zlib.h>
+#endif
 
 #include "device/pdf_writer.h"
 
@@ -69,6 +73,16 @@ void putObjectHead(PdfWriter& pdf, int number) {
 int packStream(PdfWriter& pdf) {
   if (!pdf.packBuffer) pdf.packBuffer = static_cast<char*>(std::malloc(kPackLimit));
   if (!pdf.packBuffer) return -1;
+#ifdef QUILLA_LIBDEFLATE
+  // The least level whose streams are no longer than those of zlib at its default.
+  constexpr int kLevel = 6;
+  libdeflate_compressor* compressor = libdeflate_alloc_compressor(kLevel);
+  if (!compressor) return -1;
+  const std::size_t packed = libdeflate_zlib_compress(
+      compressor, pdf.streamBuffer, static_cast<std::size_t>(pdf.streamLength), pdf.packBuffer, kPackLimit);
+  libdeflate_free_compressor(compressor);
+  return packed > 0 ? static_cast<int>(packed) : -1;
+#else
   z_stream z{};
   if (deflateInit(&z, Z_DEFAULT_COMPRESSION) != Z_OK) return -1;
   z.next_in = reinterpret_cast<Bytef*>(pdf.streamBuffer);
@@ -79,6 +93,7 @@ int packStream(PdfWriter& pdf) {
   const int packed = kPackLimit - static_cast<int>(z.avail_out);
   deflateEnd(&z);
   return done ? packed : -1;
+#endif
 }
 
 void writePackedContent(PdfWriter& pdf) {

@@ -38,6 +38,7 @@ struct PdfPaint {
   int lineCap = 2, lineJoin = 2;
   int strokeR = 0, strokeG = 0, strokeB = 0;
   int fillR = -1, fillG = -1, fillB = -1; // -1: never set
+  bool hairLine = false;                  // the width in force is 0, for outlines of polygons
 };
 
 struct PdfWriter {
@@ -71,7 +72,8 @@ struct PdfWriter {
   bool inText = false;
   bool hasText = false; // on this page
   bool clipOn = false;
-  int penState = 3; // 3 after a move, 2 after a draw
+  bool filling = false; // the path is that of a polygon
+  int penState = 3;     // 3 after a move, 2 after a draw
   float lastX = 0.0F, lastY = 0.0F;
   PdfPaint paint, paintBeforeClip;
   float clipX1 = 0.0F, clipY1 = 0.0F, clipX2 = 0.0F, clipY2 = 0.0F;

@@ -1,15 +1,21 @@
-// A document from its opening to its end: the scale of the device, pages, erasing, closing.
+// A document from its opening to its end: the file and its driver, pages, erasing, closing.
 #include <algorithm>
 #include <new>
 
 #include "core/messages.h"
-#include "device/device_table.h"
+#include "device/cgm_driver.h"
+#include "device/device_point.h"
+#include "device/ipe_driver.h"
+#include "device/metafile_driver.h"
 #include "device/pdf_driver.h"
+#include "device/plain_drivers.h"
 #include "device/plot_file.h"
+#include "device/ply_file.h"
 #include "device/postscript_driver.h"
-#include "device/sheet.h"
 #include "device/sink.h"
+#include "device/svg_driver.h"
 #include "device/trace.h"
+#include "device/vector_path.h"
 #include "device/writers.h"
 
 namespace quilla {
@@ -17,17 +23,6 @@ namespace {
 
 constexpr int kNoMemory = 53, kBadDevice = 161;
 constexpr int kIndexedDepth = 8, kTrueColorDepth = 24;
-
-// Sheet units per plot unit: the page fits the sheet, and without SCLMOD keeps its size or shrinks.
-float sheetScale(const PlotState* s) {
-  const SheetSize sheet = sheetSize(s);
-  const auto width = static_cast<float>(std::max(s->geometry.pageWidth, 1));
-  const auto height = static_cast<float>(std::max(s->geometry.pageHeight, 1));
-  const bool across = pageAcrossSheet(s);
-  const float fit = std::min(sheet.width / (across ? height : width), sheet.height / (across ? width : height));
-  const float natural = kSheetUnit * s->pageSetup.unitFactor * s->pageSetup.scaleFactor;
-  return s->pageSetup.scaleMode == kScaleDown ? std::min(fit, natural) : fit;
-}
 
 bool openPostScript(PlotState* s) {
   if (!namePlotFile(s) || !openPlotFile(s)) return false;
@@ -37,8 +32,6 @@ bool openPostScript(PlotState* s) {
     closePlotFile(s);
     return false;
   }
-  s->device.deviceScale = sheetScale(s);
-  s->device.colourDepth = kTrueColorDepth;
   psHeader(s);
   return true;
 }
@@ -62,8 +55,6 @@ void paintPdfPage(PlotState* s, PdfWriter& pdf) {
 bool openPdf(PlotState* s) {
   const bool toMemory = (s->deviceSetup.pdfMode & kPdfModeMemory) != 0;
   if (!toMemory && !namePlotFile(s)) return false;
-  s->device.deviceScale = sheetScale(s) * kPointsPerSheetUnit;
-  s->device.colourDepth = kTrueColorDepth;
   const PdfOpenResult result = pdfOpen(s);
   if (result != PdfOpenResult::kFine) {
     pdfFree(s);
@@ -82,13 +73,88 @@ void closePdf(PlotState* s) {
   if (pdfDocument(s) && !pdfClose(s)) reportFileError(s);
 }
 
+// Opens the plot file and the record of a driver, if it has one.
+template <class Writer> bool openWithRecord(PlotState* s, Writer*& record) {
+  if (!namePlotFile(s) || !openPlotFile(s)) return false;
+  record = new (std::nothrow) Writer{};
+  if (record) return true;
+  warnPlain(s, kNoMemory);
+  closePlotFile(s);
+  return false;
+}
+
+bool openVector(PlotState* s) {
+  if (!openWithRecord(s, s->device.vector)) return false;
+  if (s->deviceSetup.deviceNumber == kDeviceIpe) {
+    ipeHeader(s);
+  } else {
+    svgHeader(s);
+  }
+  return true;
+}
+
+void closeVector(PlotState* s) {
+  if (!s->device.vector) return;
+  if (s->deviceSetup.deviceNumber == kDeviceIpe) {
+    ipeTrailer(s);
+  } else {
+    svgTrailer(s);
+  }
+  delete s->device.vector;
+  s->device.vector = nullptr;
+  closePlotFile(s);
+}
+
+bool openCgm(PlotState* s) {
+  if (!openWithRecord(s, s->device.cgm)) return false;
+  cgmHeader(s);
+  return true;
+}
+
+void closeCgm(PlotState* s) {
+  if (!s->device.cgm) return;
+  cgmTrailer(s);
+  delete s->device.cgm;
+  s->device.cgm = nullptr;
+  closePlotFile(s);
+}
+
+bool openPlain(PlotState* s, void (*header)(PlotState*)) {
+  if (!namePlotFile(s) || !openPlotFile(s)) return false;
+  header(s);
+  return true;
+}
+
+void closePlain(PlotState* s, void (*trailer)(PlotState*)) {
+  if (!s->device.plotOutput) return;
+  trailer(s);
+  closePlotFile(s);
+}
+
+bool openMetafile(PlotState* s) {
+  if (!namePlotFile(s)) return false;
+  if (metafileOpen(s)) return true;
+  reportFileError(s);
+  return false;
+}
+
+void closeMetafilePlot(PlotState* s) {
+  if (s->device.metafile && !metafileClose(s)) reportFileError(s);
+}
+
 // For a state that is given up: an open plot stays unfinished.
 void freeDrivers(PlotState* s) {
   delete s->device.postScript;
   s->device.postScript = nullptr;
+  delete s->device.vector;
+  s->device.vector = nullptr;
+  delete s->device.cgm;
+  s->device.cgm = nullptr;
+  if (s->device.metafile) metafileClose(s);
   if (s->device.plotOutput) closeOutput(s->device.plotOutput);
   s->device.plotOutput = nullptr;
   pdfFree(s);
+  plyFree(s);
   closeTrace(s);
 }
 
@@ -96,27 +162,55 @@ bool openDriver(PlotState* s) {
   switch (deviceFamily(s->deviceSetup.deviceNumber)) {
   case DeviceFamily::kPostScript: return openPostScript(s);
   case DeviceFamily::kPdf: return openPdf(s);
+  case DeviceFamily::kSvg:
+  case DeviceFamily::kIpe: return openVector(s);
+  case DeviceFamily::kHpgl: return openPlain(s, hpglHeader);
+  case DeviceFamily::kJava: return openPlain(s, javaHeader);
+  case DeviceFamily::kPltm: return openPlain(s, pltmHeader);
+  case DeviceFamily::kCgm: return openCgm(s);
+  case DeviceFamily::kMetafile: return openMetafile(s);
   case DeviceFamily::kWindow:
   case DeviceFamily::kOpenGl:
-  case DeviceFamily::kPltm:
-  case DeviceFamily::kCgm:
-  case DeviceFamily::kMetafile:
-  case DeviceFamily::kHpgl:
-  case DeviceFamily::kRaster:
-  case DeviceFamily::kJava:
-  case DeviceFamily::kSvg:
-  case DeviceFamily::kIpe: break;
+  case DeviceFamily::kRaster: break;
   }
   warnWithText(s, kBadDevice, "Bad output device");
   return false;
+}
+
+bool hasTrueColors(int deviceNumber) {
+  switch (deviceFamily(deviceNumber)) {
+  case DeviceFamily::kPostScript:
+  case DeviceFamily::kPdf:
+  case DeviceFamily::kCgm:
+  case DeviceFamily::kMetafile:
+  case DeviceFamily::kSvg:
+  case DeviceFamily::kIpe: return true;
+  case DeviceFamily::kWindow:
+  case DeviceFamily::kOpenGl:
+  case DeviceFamily::kPltm:
+  case DeviceFamily::kHpgl:
+  case DeviceFamily::kRaster:
+  case DeviceFamily::kJava: break;
+  }
+  return false;
+}
+
+// Pixels of screens and rasters: as WINDOW or WINSIZ asked for, else lying or upright like the page.
+void choosePixels(PlotState* s) {
+  const WindowSetup& w = s->windowSetup;
+  const bool lying = s->geometry.pageWidth > s->geometry.pageHeight;
+  const bool asked = w.windowPlacementMode != kWindowDefault;
+  s->device.pixelWidth = asked ? w.windowWidth : lying ? kScreenLongSide : kScreenShortSide;
+  s->device.pixelHeight = asked ? w.windowHeight : lying ? kScreenShortSide : kScreenLongSide;
 }
 
 } // namespace
 
 bool sinkOpen(PlotState* s) {
   s->device.lineUsed = 0;
-  s->device.deviceScale = 1.0F;
-  s->device.colourDepth = kIndexedDepth;
+  choosePixels(s);
+  s->device.deviceScale = scaleOfDevice(s);
+  s->device.colourDepth = hasTrueColors(s->deviceSetup.deviceNumber) ? kTrueColorDepth : kIndexedDepth;
   s->device.freeDrivers = freeDrivers;
   openTrace(s);
   if (s->device.trace) traceNumber(s, "open", s->deviceSetup.deviceNumber);
@@ -128,19 +222,26 @@ bool sinkOpen(PlotState* s) {
 
 void sinkClose(PlotState* s) {
   if (s->device.trace) traceWord(s, "close");
+  if (plyCollects(s)) plyWrite(s, "quilla.ply", "quilla");
   switch (deviceFamily(s->deviceSetup.deviceNumber)) {
   case DeviceFamily::kPostScript: closePostScript(s); break;
   case DeviceFamily::kPdf: closePdf(s); break;
+  case DeviceFamily::kSvg:
+  case DeviceFamily::kIpe: closeVector(s); break;
+  case DeviceFamily::kHpgl: closePlain(s, hpglTrailer); break;
+  case DeviceFamily::kJava: closePlain(s, javaTrailer); break;
+  case DeviceFamily::kPltm:
+    qqpen(s, 0.0F, 0.0F, kPenMove);
+    closePlain(s, pltmTrailer);
+    break;
+  case DeviceFamily::kCgm:
+    qqpen(s, 0.0F, 0.0F, kPenMove);
+    closeCgm(s);
+    break;
+  case DeviceFamily::kMetafile: closeMetafilePlot(s); break;
   case DeviceFamily::kWindow:
   case DeviceFamily::kOpenGl:
-  case DeviceFamily::kPltm:
-  case DeviceFamily::kCgm:
-  case DeviceFamily::kMetafile:
-  case DeviceFamily::kHpgl:
-  case DeviceFamily::kRaster:
-  case DeviceFamily::kJava:
-  case DeviceFamily::kSvg:
-  case DeviceFamily::kIpe: break;
+  case DeviceFamily::kRaster: break;
   }
   closeTrace(s);
 }
@@ -159,16 +260,22 @@ void sinkNewPage(PlotState* s) {
       paintPdfPage(s, *pdf);
     }
     break;
+  case DeviceFamily::kCgm:
+    if (!s->device.cgm) break;
+    cgmNewPicture(s);
+    qqcolor(s, s->color.currentColor);
+    break;
+  case DeviceFamily::kIpe:
+    if (s->device.vector) ipeNewPage(s);
+    break;
   case DeviceFamily::kWindow:
   case DeviceFamily::kOpenGl:
   case DeviceFamily::kPltm:
-  case DeviceFamily::kCgm:
   case DeviceFamily::kMetafile:
   case DeviceFamily::kHpgl:
   case DeviceFamily::kRaster:
   case DeviceFamily::kJava:
-  case DeviceFamily::kSvg:
-  case DeviceFamily::kIpe: break;
+  case DeviceFamily::kSvg: break;
   }
 }
 
@@ -176,6 +283,9 @@ void sinkNewPage(PlotState* s) {
 void sinkErase(PlotState* s) {
   if (s->device.trace) traceWord(s, "erase");
   switch (deviceFamily(s->deviceSetup.deviceNumber)) {
+  case DeviceFamily::kJava:
+    if (s->device.plotOutput) javaErase(s);
+    break;
   case DeviceFamily::kPostScript:
   case DeviceFamily::kPdf:
   case DeviceFamily::kWindow:
@@ -185,7 +295,6 @@ void sinkErase(PlotState* s) {
   case DeviceFamily::kMetafile:
   case DeviceFamily::kHpgl:
   case DeviceFamily::kRaster:
-  case DeviceFamily::kJava:
   case DeviceFamily::kSvg:
   case DeviceFamily::kIpe: break;
   }
@@ -196,19 +305,21 @@ void sinkFlush(PlotState* s) {
   if (s->device.trace) traceWord(s, "flush");
   switch (deviceFamily(s->deviceSetup.deviceNumber)) {
   case DeviceFamily::kPostScript:
+  case DeviceFamily::kPltm:
+  case DeviceFamily::kCgm:
+  case DeviceFamily::kHpgl:
+  case DeviceFamily::kJava:
+  case DeviceFamily::kSvg:
+  case DeviceFamily::kIpe:
     if (s->device.plotOutput) flushOutput(s->device.plotOutput);
+    break;
+  case DeviceFamily::kMetafile:
+    if (s->device.metafile) metafileFlush(*s->device.metafile->file);
     break;
   case DeviceFamily::kPdf:
   case DeviceFamily::kWindow:
   case DeviceFamily::kOpenGl:
-  case DeviceFamily::kPltm:
-  case DeviceFamily::kCgm:
-  case DeviceFamily::kMetafile:
-  case DeviceFamily::kHpgl:
-  case DeviceFamily::kRaster:
-  case DeviceFamily::kJava:
-  case DeviceFamily::kSvg:
-  case DeviceFamily::kIpe: break;
+  case DeviceFamily::kRaster: break;
   }
 }
 

@@ -1,9 +1,13 @@
 // The state of lines and the clip rectangle.
-#include "device/device_table.h"
+#include <algorithm>
+
+#include "device/device_point.h"
+#include "device/ipe_driver.h"
+#include "device/metafile_driver.h"
 #include "device/pdf_driver.h"
 #include "device/postscript_driver.h"
-#include "device/sheet.h"
 #include "device/sink.h"
+#include "device/svg_driver.h"
 #include "device/trace.h"
 #include "device/writers.h"
 
@@ -27,8 +31,17 @@ float sheetPenWidth(const PlotState* s, float width) {
 
 int psMiter(const PlotState* s, float width, float miter) { return deviceRound(sheetLineWidth(s, width) * miter); }
 
-// Sends a width on the sheet; a sharp join needs its limit again. True if the device draws the width itself.
-bool sendSheetWidth(PlotState* s, float sheetWidth, float width) {
+// Device units of a width in plot units, for devices that scale it with the page.
+float scaledWidth(const PlotState* s, float width, float least) {
+  return s->line.hardwareLines ? std::max(least, width * s->device.deviceScale) : least;
+}
+
+// Points of the thinnest line of IPE: 2.5 in 0.1 mm.
+float thinIpePen(const PlotState* s) { return s->device.deviceScale / s->pageSetup.unitFactor * 2.5F; }
+
+// Sends a width in plot units, or on the sheet; a sharp join needs its limit again. True if the device draws the width
+// itself.
+bool sendWidth(PlotState* s, float width, float sheetWidth) {
   const float scaled = sheetWidth * s->pageSetup.scaleFactor;
   const bool sharp = s->line.lineJoin == kJoinSharp;
   switch (deviceFamily(s->deviceSetup.deviceNumber)) {
@@ -44,16 +57,25 @@ bool sendSheetWidth(PlotState* s, float sheetWidth, float width) {
       return s->line.hardwareLines;
     }
     break;
+  case DeviceFamily::kSvg:
+    if (!s->device.vector) break;
+    svgLineWidth(s, scaledWidth(s, width, 1.0F));
+    return s->line.hardwareLines;
+  case DeviceFamily::kIpe:
+    if (!s->device.vector) break;
+    ipeLineWidth(s, scaledWidth(s, width, thinIpePen(s)));
+    return s->line.hardwareLines;
+  case DeviceFamily::kMetafile:
+    if (!s->device.metafile) break;
+    metafilePlotWidth(s, deviceRound(scaledWidth(s, width, 1.0F)));
+    return s->line.hardwareLines;
   case DeviceFamily::kWindow:
   case DeviceFamily::kOpenGl:
   case DeviceFamily::kPltm:
   case DeviceFamily::kCgm:
-  case DeviceFamily::kMetafile:
   case DeviceFamily::kHpgl:
   case DeviceFamily::kRaster:
-  case DeviceFamily::kJava:
-  case DeviceFamily::kSvg:
-  case DeviceFamily::kIpe: break;
+  case DeviceFamily::kJava: break;
   }
   return false;
 }
@@ -63,12 +85,12 @@ bool sendSheetWidth(PlotState* s, float sheetWidth, float width) {
 bool sinkLineWidth(PlotState* s, int width) {
   if (s->device.trace) traceNumber(s, "width", width);
   const auto units = static_cast<float>(width);
-  return sendSheetWidth(s, sheetLineWidth(s, units), units);
+  return sendWidth(s, units, sheetLineWidth(s, units));
 }
 
 bool sinkPenWidth(PlotState* s, float width) {
   if (s->device.trace) traceReals(s, "width", &width, 1);
-  return sendSheetWidth(s, sheetPenWidth(s, width), width);
+  return sendWidth(s, width, sheetPenWidth(s, width));
 }
 
 void sinkLineCap(PlotState* s, int cap) {

@@ -59,6 +59,9 @@ struct TextLine {
 void addText(TextLine& line, std::string_view piece);
 void addInteger(TextLine& line, int value);
 void addReal(TextLine& line, double value, int decimals);
+// The same without the blank.
+void joinInteger(TextLine& line, int value);
+void joinReal(TextLine& line, double value, int decimals);
 inline std::string_view textOf(const TextLine& line) { return {line.text, static_cast<std::size_t>(line.length)}; }
 
 // value + 0.5, truncated; kept within +-1e9, not a number counts as 0.

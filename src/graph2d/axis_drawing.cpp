@@ -5,13 +5,15 @@
 #include "core/colors.h"
 #include "core/pipeline.h"
 #include "graph2d/axis_labels.h"
+#include "graph2d/calendar.h"
+#include "graph2d/date_labels.h"
 #include "text/text.h"
 
 namespace quilla {
 
 namespace {
 
-constexpr double kTickLimit = 20000.0; // ticks of one axis on each side of the first label
+constexpr int kTickLimit = 10000; // ticks of one axis on each side of the first label
 constexpr double kTickSlack = 0.0001;
 enum ColorPart : int { kColorLine = 0, kColorTicks = 1, kColorLabels = 2, kColorName = 3 };
 constexpr int kPositionReverse = 1, kPositionCenter = 2; // TICPOS
@@ -91,12 +93,61 @@ void drawDecadeTicks(PlotState* s, TickPen& pen, int axis) {
   }
 }
 
+// Minor ticks between two major ones of a calendar axis: at days or months, or in equal parts.
+void drawCalendarMinorTicks(PlotState* s, TickPen& pen, int axis, double from, double to) {
+  constexpr int kModeDays = 1, kModeTwoMonths = 6, kModeHours = 7;
+  constexpr int kModeSteps[] = {0, 0, kStepMonth, kStepQuarter, kStepHalf, kStepYear, kStepTwoMonths, 0};
+  int mode = s->axis.tickCalendarMode[axis], minor = s->axis.tickLengthMinor;
+  auto tickAt = [&](double value) {
+    if (withinScale(s, axis, value)) pen.tick(axisOffset(s, axis, value), minor);
+  };
+  double low = std::fmin(from, to), high = std::fmax(from, to);
+  if (mode == kModeDays || mode == kModeHours) {
+    double step = mode == kModeDays ? 1.0 : 1.0 / 24.0;
+    if ((high - low) / step > kTickLimit) return;
+    for (int i = 1; low + i * step < high - kTickSlack; i++) tickAt(low + i * step);
+  } else if (mode > 0 && mode <= kModeTwoMonths) {
+    CalendarDate first = dateOfValue(s, low);
+    int months = monthsOfStep(kModeSteps[mode]);
+    for (int i = 1; i < kTickLimit && valueOfDate(s, addMonths(first, i * months)) < high - kTickSlack; i++) {
+      tickAt(valueOfDate(s, addMonths(first, i * months)));
+    }
+  } else {
+    int parts = s->axis.tickCount[axis];
+    for (int i = 1; i < parts; i++) tickAt(from + (to - from) * i / parts);
+  }
+}
+
+// Major ticks at the labels, and on in both directions as far as the axis goes.
+void drawCalendarTicks(PlotState* s, TickPen& pen, int axis) {
+  double a = static_cast<double>(s->scaling.axisStart[axis]), e = static_cast<double>(s->scaling.axisEnd[axis]);
+  auto beyond = [&](double value, double end, bool upward) { return upward ? value > end : value < end; };
+  int low = 0;
+  while (low > -kTickLimit && !beyond(calendarValue(s, axis, low), a, e < a)) low--;
+  for (int i = low; i < kTickLimit; i++) {
+    double value = calendarValue(s, axis, i);
+    if (withinScale(s, axis, value)) pen.tick(axisOffset(s, axis, value), s->axis.tickLengthMajor);
+    if (beyond(value, e, e >= a)) break;
+    drawCalendarMinorTicks(s, pen, axis, value, calendarValue(s, axis, i + 1));
+  }
+}
+
 void drawTicks(PlotState* s, const AxisPlace& p) {
   TickPen pen{s, p};
+  if (isCalendarAxis(s, p.axis)) return drawCalendarTicks(s, pen, p.axis);
   bool decades = hasDecadeTicks(s, p.axis);
   int perLabel = decades || s->axis.tickCount[p.axis] < 1 ? 1 : s->axis.tickCount[p.axis];
   double interval = static_cast<double>(s->scaling.axisStep[p.axis]) / perLabel;
   if (decades) interval = interval > 0.0 ? 1.0 : -1.0;
+  if (s->axis.labelClass[p.axis] == kClassDate) {
+    // TICMOD: a tick a day, or an hour.
+    constexpr int kModeDays = 1, kModeHours = 7, kHours = 24;
+    int mode = s->axis.tickCalendarMode[p.axis];
+    if (mode == kModeDays || mode == kModeHours) {
+      perLabel = mode == kModeHours ? kHours : 1;
+      interval = (interval > 0.0 ? 1.0 : -1.0) / perLabel;
+    }
+  }
   TickRange range = tickRange(s, p.axis, interval);
   for (int i = range.low; i <= range.high; i++) {
     double value = static_cast<double>(s->scaling.axisFirstLabel[p.axis]) + i * interval;
@@ -196,8 +247,11 @@ void drawName(PlotState* s, const AxisPlace& p, int away) {
   setTextHeight(s, h);
   int length = textLength(s, name);
   setTextHeight(s, height);
-  int room = s->axis.axisLength[p.axis] - length;
-  int start = s->axis.nameJustify[p.axis] == kLeft ? 0 : s->axis.nameJustify[p.axis] == kRight ? room : room / 2;
+  // Where axes cross, the name stands at the part of the axis behind the crossing.
+  int crossing = 0;
+  if (p.skipOrigin) crossing = isUpright(p) ? p.y - s->axis.axisCrossY : s->axis.axisCrossX - p.x;
+  int room = s->axis.axisLength[p.axis] - crossing - length, mode = s->axis.nameJustify[p.axis];
+  int start = crossing + (mode == kLeft ? 0 : mode == kRight ? room : room / 2);
   switch (p.side) {
   case kSideBottom: return textAtWith(s, name, p.x + start, p.y + away, 0, h);
   case kSideTop: return textAtWith(s, name, p.x + start, p.y - away - h + 1, 0, h);
@@ -221,9 +275,7 @@ TickRange tickRange(const PlotState* s, int axis, double interval) {
   double first = static_cast<double>(s->scaling.axisFirstLabel[axis]);
   double forward = (static_cast<double>(s->scaling.axisEnd[axis]) - first) / interval + kTickSlack;
   double backward = (first - static_cast<double>(s->scaling.axisStart[axis])) / interval + kTickSlack;
-  auto limited = [](double n) {
-    return n < 0.0 ? 0 : n < kTickLimit ? static_cast<int>(n) : static_cast<int>(kTickLimit);
-  };
+  auto limited = [](double n) { return n < 0.0 ? 0 : n < kTickLimit ? static_cast<int>(n) : kTickLimit; };
   return {-limited(backward), limited(forward)};
 }
 

@@ -34,6 +34,35 @@ inline constexpr int kMyLabelLength = 32;
 inline constexpr int kTitleLines = 4;
 inline constexpr int kLabelBuffer = 81;
 
+enum DateStep : int {
+  kStepDays = 0,
+  kStepMonth,
+  kStepQuarter,
+  kStepHalf,
+  kStepYear,
+  kStepTwoMonths,
+  kStepTwoYears,
+  kStepFourYears
+};
+
+// Dates of one axis (LABMOD).
+struct DateStyle {
+  int dateLanguage = 0; // 0 English, 1 German, 2 Spanish
+  int dateOrder = 0;    // DMY, DYM, MDY, MYD, YDM, YMD
+  int dateYear = 0;     // 0 four digits, 1 two, 2 none
+  int dateMonth = 0;    // 0 three letters, 1 number, 2 none, 3 name, 4 two digits, 5 first letter
+  int dateDay = 1;      // 0 short name, 1 number, 2 none, 3 name, 4 two digits
+  bool dateUpperCase = false;
+  char dateSeparator = '-';
+  int dateLabelStep = kStepDays;
+};
+
+// Process lifetime: the day from which date axes count.
+struct DateSetup {
+  bool baseDateSet = false;
+  int baseDay = 1, baseMonth = 1, baseYear = 1970;
+};
+
 // Run lifetime: settings of the axis system.
 struct AxisGroup {
   int axisLength[kAxisCount] = {};   // plot units
@@ -44,6 +73,8 @@ struct AxisGroup {
   int axisSystemKind = kSystemRectangular;
   bool axisCrossed = false;    // AXSTYP "CROS"
   bool axisAdmittance = false; // AXSTYP "ADMI"
+  int polarStart = 0;          // POLMOD: 0 right, 1 top, 2 left, 3 bottom
+  bool polarClockwise = false; // POLMOD
   bool noAxesDrawn = false;
   bool twoAxesOnly = false;
   int frameThickness = 1;
@@ -61,6 +92,10 @@ struct AxisGroup {
   int tickPosition[kAxisCount] = {};
   int tickCalendarMode[kAxisCount] = {};
   int logTickMode = 0;
+  DateStyle dates[kAxisCount];
+  bool timeColon = false;        // TIMOPT
+  bool negativeLogOn = false;    // NEGLOG
+  float negativeLogValue = 1.0F; // stands for values that have no logarithm
   int labelKind[kAxisCount] = {kLabelFloat, kLabelFloat, kLabelFloat};
   int labelClass[kAxisCount] = {};
   int labelDigits[kAxisCount] = {1, 1, 1};
@@ -103,7 +138,8 @@ struct ScalingState {
   float userMinX = 0.0F, userMaxX = 0.0F, userMinY = 0.0F, userMaxY = 0.0F; // user values, min not above max
   int axisClip[4] = {}; // x0, y0, x1, y1 of the curve clip in plot coordinates
   int axisRightX = 0, axisTopY = 0;
-  int longestLabel[kAxisCount] = {}; // plot units, of the labels last drawn
+  float axisCenterX = 0.0F, axisCenterY = 0.0F, axisRadius = 0.0F; // of the circular clip
+  int longestLabel[kAxisCount] = {};                               // plot units, of the labels last drawn
 };
 
 } // namespace quilla

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "graph2d/date_labels.h"
 #include "text/text.h"
 
 namespace quilla {
@@ -61,7 +62,7 @@ void degreeLabel(const PlotState* s, double value, int axis, int digits, LabelBu
   out.add(letters[(kind == kLabelLMap ? 2 : 0) + (value < 0.0 ? 1 : 0)]);
 }
 
-void timeLabel(double value, int kind, LabelBuilder& out) {
+void timeLabel(double value, int kind, bool colon, LabelBuilder& out) {
   constexpr int kDay = 86400;
   long long seconds = std::fabs(value) < 9.0e15 ? std::llround(value) : 0;
   int s = static_cast<int>(((seconds % kDay) + kDay) % kDay);
@@ -75,9 +76,14 @@ void timeLabel(double value, int kind, LabelBuilder& out) {
   }
   if (kind == kLabelTime) s = (s + 30) / 60 * 60 % kDay;
   out.addTwoDigits(s / 3600);
+  if (colon) out.add(':');
   out.addTwoDigits(s / 60 % 60);
-  if (kind == kLabelSeconds) out.addTwoDigits(s % 60);
+  if (kind != kLabelSeconds) return;
+  if (colon) out.add(':');
+  out.addTwoDigits(s % 60);
 }
+
+} // namespace
 
 int digitsNeeded(double value) {
   constexpr double kTolerances[] = {1e-5, 1e-4, 1e-3, 1e-2, 0.1};
@@ -87,8 +93,6 @@ int digitsNeeded(double value) {
   }
   return 5;
 }
-
-} // namespace
 
 void labelText(const PlotState* s, double value, int index, int axis, int digits, char text[kLabelBuffer]) {
   const AxisGroup& a = s->axis;
@@ -121,7 +125,8 @@ void labelText(const PlotState* s, double value, int index, int axis, int digits
   }
   switch (a.labelClass[axis]) {
   case kClassMap: return degreeLabel(s, value, axis, digits, out);
-  case kClassTime: return timeLabel(value, kind, out);
+  case kClassTime: return timeLabel(value, kind, a.timeColon, out);
+  case kClassDate: return dateText(s, axis, value, text, kLabelBuffer);
   default: return out.addNumber(s, value, digits);
   }
 }
@@ -148,10 +153,27 @@ int labelDigitsOf(const PlotState* s, int axis) {
   return first > step ? first : step;
 }
 
+namespace {
+
+bool beyondEnd(const PlotState* s, int axis, double value) {
+  double a = static_cast<double>(s->scaling.axisStart[axis]), e = static_cast<double>(s->scaling.axisEnd[axis]);
+  return e >= a ? value > e + kCountSlack : value < e - kCountSlack;
+}
+
+// Number of the last calendar label inside the scaling, -1 if there is none.
+int lastCalendarLabel(const PlotState* s, int axis) {
+  int n = 0;
+  while (n < kLabelLimit && !beyondEnd(s, axis, calendarValue(s, axis, n))) n++;
+  return n - 1;
+}
+
+} // namespace
+
 LabelRun labelRun(const PlotState* s, int axis) {
   const ScalingState& c = s->scaling;
   double count = (static_cast<double>(c.axisEnd[axis]) - c.axisFirstLabel[axis]) / c.axisStep[axis] + kCountSlack;
   int n = count < 0.0 ? -1 : count < kLabelLimit ? static_cast<int>(count) : kLabelLimit;
+  if (isCalendarAxis(s, axis)) n = lastCalendarLabel(s, axis);
   if (s->axis.labelPosition[axis] == 1) n--;
   switch (s->axis.axisEndsMode[axis]) {
   case 1: return {1, n, 1};
@@ -165,6 +187,7 @@ LabelRun labelRun(const PlotState* s, int axis) {
 }
 
 double labelValue(const PlotState* s, int axis, int i) {
+  if (isCalendarAxis(s, axis)) return calendarValue(s, axis, i);
   return static_cast<double>(s->scaling.axisFirstLabel[axis]) + i * static_cast<double>(s->scaling.axisStep[axis]);
 }
 

@@ -17,6 +17,9 @@ int labelLength(PlotState* s, int axis, const char* text);
 // Digits of the labels of the axis: as set, or found from first label and step (LABDIG -2).
 int labelDigitsOf(const PlotState* s, int axis);
 
+// Digits after the point that a value needs, -1 for an integer.
+int digitsNeeded(double value);
+
 // Number of labels minus one, and the first, last and stride of those that AXENDS leaves.
 struct LabelRun {
   int first, last, stride;

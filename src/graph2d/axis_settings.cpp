@@ -6,6 +6,7 @@
 #include "core/messages.h"
 #include "core/page.h"
 #include "graph2d/axis_string.h"
+#include "graph2d/chart_labels.h"
 #include "quilla/quilla.h"
 
 using namespace quilla;
@@ -37,10 +38,10 @@ void setAxisScale(const char* scale, const char* axes) {
   if (PlotState* s = setterCheck("axsscl")) keywordForAxes(s, "LIN +LOG ", 2, scale, axes, s->axis.axisLogScale);
 }
 
-void setLabelDigits(int digits, const char* axes) {
+void setLabelDigits(const char* name, int digits, const char* axes) {
   constexpr int kAutomatic = -2, kMostDigits = 100;
-  PlotState* s = setterCheck("labdig");
-  if (!s || checkRange(s, digits, kAutomatic, kMostDigits)) return;
+  PlotState* s = setterCheck(name);
+  if (!s || checkRange(s, digits, kAutomatic, kMostDigits) || setChartLabelDigits(s, digits, axes)) return;
   eachAxis(axes, [&](int axis) {
     s->axis.labelAutoDigits[axis] = digits == kAutomatic;
     if (digits != kAutomatic) s->axis.labelDigits[axis] = digits;
@@ -186,6 +187,14 @@ void AXSBGD(int color) {
   if (s && !checkRange(s, color, -1, -2)) s->axis.axisBackgroundColor = color;
 }
 
+void NEGLOG(float value) {
+  PlotState* s = setterCheck("neglog");
+  if (!s) return;
+  if (!(value > 0.0F)) return warnPlain(s, 2);
+  s->axis.negativeLogOn = true;
+  s->axis.negativeLogValue = value;
+}
+
 void TICKS(int n, const char* axes) {
   constexpr int kMostTicks = 1000;
   PlotState* s = setterCheck("ticks");
@@ -213,7 +222,7 @@ void LOGTIC(const char* mode) {
 void LABELS(const char* kind, const char* axes) {
   constexpr const char* kKinds = "NONE+FLOA+EXP +LOG +CLOG+ELOG+MAP +DMAP+LMAP+TIME+HOUR+SECO+MYLA+FEXP+DATE+MAPN+XEXP";
   PlotState* s = setterCheck("labels");
-  if (!s) return;
+  if (!s || setChartLabels(s, kind, axes)) return;
   int found = matchKeyword(s, kKinds, 17, kind);
   if (!found) return;
   eachAxis(axes, [&](int axis) {
@@ -223,15 +232,16 @@ void LABELS(const char* kind, const char* axes) {
   });
 }
 
-void LABDIG(int digits, const char* axes) { setLabelDigits(digits, axes); }
-void DIGITS(int digits, const char* axes) { setLabelDigits(digits, axes); }
+void LABDIG(int digits, const char* axes) { setLabelDigits("labdig", digits, axes); }
+void DIGITS(int digits, const char* axes) { setLabelDigits("digits", digits, axes); }
 
 void INTAX(void) {
-  if (strictCheck(1, 3, "intax")) setLabelDigits(-1, "xyz");
+  if (strictCheck(1, 3, "intax")) setLabelDigits("intax", -1, "xyz");
 }
 
 void LABPOS(const char* position, const char* axes) {
-  if (PlotState* s = setterCheck("labpos"))
+  PlotState* s = setterCheck("labpos");
+  if (s && !setChartLabelPlace(s, position, axes))
     keywordForAxes(s, "TICK+CENT+SHIF", 3, position, axes, s->axis.labelPosition);
 }
 
@@ -242,7 +252,8 @@ void LABJUS(const char* mode, const char* axes) {
 }
 
 void LABTYP(const char* type, const char* axes) {
-  if (PlotState* s = setterCheck("labtyp")) keywordForAxes(s, "HORI+VERT", 2, type, axes, s->axis.labelOrientation);
+  PlotState* s = setterCheck("labtyp");
+  if (s && !setChartLabelType(s, type, axes)) keywordForAxes(s, "HORI+VERT", 2, type, axes, s->axis.labelOrientation);
 }
 
 void LABDIS(int distance, const char* axes) {

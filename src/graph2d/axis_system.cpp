@@ -10,6 +10,8 @@
 #include "core/pipeline.h"
 #include "device/sink.h"
 #include "graph2d/axis_drawing.h"
+#include "graph2d/legend.h"
+#include "graph2d/polar.h"
 #include "graph2d/scaling.h"
 #include "quilla/quilla.h"
 
@@ -236,6 +238,8 @@ void ENDGRF(void) {
     s->axis.titleUnderlined[line] = false;
   }
   resetCycle(s);
+  forgetRecords(s);
+  s->barState = BarState{};
   s->curve.markerKind = 0;
   s->level.plotLevel = kLevelPlot;
 }
@@ -245,6 +249,8 @@ void GRID(int nx, int ny) {
   if (!s) return;
   checkRange(s, nx, 0, -1);
   checkRange(s, ny, 0, -1);
+  if (s->axis.axisSystemKind == kSystemPolar) return drawPolarGrid(s, nx, ny);
+  if (s->axis.axisSystemKind == kSystemRealImaginary) return warnWithText(s, 35, "Routine does not work for GRAFR");
   axisClipOn(s);
   gridLines(s, kAxisX, nx);
   gridLines(s, kAxisY, ny);
@@ -266,11 +272,10 @@ void CLPBOR(const char* border) {
     axisClipOn(s);
     s->clip.clipBorderMode = kBorderAxis;
   } else if (found == 1) {
-    bool cut = s->clip.axisClipActive;
     s->clip.clipBorderMode = kBorderPage;
     clipWholePage(s);
-    s->clip.axisClipActive = false;
-    if (cut) sinkClip(s, false, 0.0F, 0.0F, 0.0F, 0.0F);
+    s->clip.axisClipActive = s->clip.clipIsCircle = false;
+    sendClip(s, 0.0F);
   }
 }
 
@@ -290,6 +295,17 @@ void NOCLIP(void) {
   s->clip.clipMode = kClipNone;
 }
 
+namespace {
+
+// On a polar system a Y value alone is no place.
+bool hasPlainY(PlotState* s) {
+  if (s->axis.axisSystemKind != kSystemPolar) return true;
+  warnWithText(s, 109, "Routine does not work for polar axis systems");
+  return false;
+}
+
+} // namespace
+
 float XPOSN(float x) {
   PlotState* s = strictCheck(2, 3, "xposn");
   return s ? plotX(s, x) : 0.0F;
@@ -297,7 +313,7 @@ float XPOSN(float x) {
 
 float YPOSN(float y) {
   PlotState* s = strictCheck(2, 3, "yposn");
-  return s ? userY(s, plotY(s, y)) : 0.0F;
+  return s && hasPlainY(s) ? userY(s, plotY(s, y)) : 0.0F;
 }
 
 int NXPOSN(float x) {
@@ -307,7 +323,17 @@ int NXPOSN(float x) {
 
 int NYPOSN(float y) {
   PlotState* s = strictCheck(2, 3, "nyposn");
-  return s ? userY(s, roundHalfUp(plotY(s, y))) : 0;
+  return s && hasPlainY(s) ? userY(s, roundHalfUp(plotY(s, y))) : 0;
+}
+
+float X2DPOS(float x, float y) {
+  PlotState* s = strictCheck(2, 3, "x2dpos");
+  return s ? plotPoint(s, x, y).x : 0.0F;
+}
+
+float Y2DPOS(float x, float y) {
+  PlotState* s = strictCheck(2, 3, "y2dpos");
+  return s ? userY(s, plotPoint(s, x, y).y) : 0.0F;
 }
 
 float XINVRS(int nx) {

@@ -9,6 +9,7 @@
 #include "core/pipeline.h"
 #include "graph2d/axis_system.h"
 #include "graph2d/curve_path.h"
+#include "graph2d/legend.h"
 #include "graph2d/scaling.h"
 #include "graph2d/symbols.h"
 #include "quilla/quilla.h"
@@ -45,7 +46,7 @@ void takeCycleAttributes(PlotState* s) {
 
 // On a logarithmic axis every value must be positive.
 bool logarithmsExist(PlotState* s, int axis, const float* values, int n) {
-  if (s->axis.axisLogScale[axis] == 0) return true;
+  if (s->axis.axisLogScale[axis] == 0 || s->axis.negativeLogOn) return true;
   for (int i = 0; i < n; i++) {
     if (values[i] <= 0.0F) {
       warnPlain(s, 27);
@@ -53,6 +54,10 @@ bool logarithmsExist(PlotState* s, int axis, const float* values, int n) {
     }
   }
   return true;
+}
+
+bool fitsPolarSystems(int mode) {
+  return mode == kCurveLine || mode == kCurveBars || mode == kCurveStem || mode == kCurveFilledBars;
 }
 
 void reportOutOfScale(PlotState* s, float x, float y) {
@@ -63,8 +68,15 @@ void reportOutOfScale(PlotState* s, float x, float y) {
   warnWithText(s, -1, text);
 }
 
-void checkPoints(PlotState* s, const CurveData& d) {
+// Impedances lie in the right half plane; angles of a polar system count round the circle.
+bool isOutside(const PlotState* s, float x, float y) {
   const ScalingState& c = s->scaling;
+  if (s->axis.axisSystemKind == kSystemRealImaginary) return x < 0.0F;
+  if (x < c.userMinX || x > c.userMaxX) return true;
+  return s->axis.axisSystemKind != kSystemPolar && (y < c.userMinY || y > c.userMaxY);
+}
+
+void checkPoints(PlotState* s, const CurveData& d) {
   bool checked = s->message.dataCheckOn && s->message.messageUnit != kUnitNone;
   if (!checked && s->curve.nanMode == 0) return;
   int nansBefore = s->counters.nanCount;
@@ -73,8 +85,7 @@ void checkPoints(PlotState* s, const CurveData& d) {
       s->counters.nanCount++;
       continue;
     }
-    bool outside = d.x[i] < c.userMinX || d.x[i] > c.userMaxX || d.y[i] < c.userMinY || d.y[i] > c.userMaxY;
-    if (checked && outside) reportOutOfScale(s, d.x[i], d.y[i]);
+    if (checked && isOutside(s, d.x[i], d.y[i])) reportOutOfScale(s, d.x[i], d.y[i]);
   }
   bool spline = s->curve.curveMode == kCurveSpline || s->curve.curveMode == kCurvePSpline;
   if (spline && s->counters.nanCount != nansBefore)
@@ -89,10 +100,10 @@ void drawSymbols(PlotState* s, const CurveData& d) {
   for (long long k = 0; k < d.n; k += step) {
     int i = static_cast<int>(k);
     if (!isDrawable(s, d, i)) continue;
-    float x = plotX(s, d.x[i]), y = plotY(s, d.y[i]);
-    if (!std::isfinite(x) || !std::isfinite(y)) continue;
-    drawSymbol(s, s->curve.markerKind, s->curve.markerHeight, static_cast<float>(roundHalfUp(x)),
-               static_cast<float>(roundHalfUp(y)));
+    PlotPoint p = plotPoint(s, d.x[i], d.y[i]);
+    if (!std::isfinite(p.x) || !std::isfinite(p.y)) continue;
+    drawSymbol(s, s->curve.markerKind, s->curve.markerHeight, static_cast<float>(roundHalfUp(p.x)),
+               static_cast<float>(roundHalfUp(p.y)));
   }
   if (s->curve.markerColor != -1) setColor(s, kept);
 }
@@ -121,12 +132,15 @@ void CURVE(const float* x, const float* y, int n) {
   PlotState* s = strictCheck(2, 3, "curve");
   if (!s) return;
   if (n < 1 || (n == 1 && s->curve.markerStep >= 0)) return warnPlain(s, 2);
+  if (s->axis.axisSystemKind == kSystemPolar && !fitsPolarSystems(s->curve.curveMode)) {
+    return warnWithText(s, 160, "Bad interpolation method for polar scaling");
+  }
   if (!logarithmsExist(s, kAxisY, y, n) || !logarithmsExist(s, kAxisX, x, n)) return;
   CurveData data{x, y, n};
   KeptAttributes kept = keepAttributes(s);
   s->internalCoordinates = true;
   takeCycleAttributes(s);
-  s->cycle.legendEntryPending = false;
+  if (s->cycle.legendEntryPending) recordCurve(s);
   checkPoints(s, data);
   axisClipOn(s);
   if (s->curve.markerStep != 0) drawSymbols(s, data);
@@ -142,6 +156,61 @@ void CURVE(const float* x, const float* y, int n) {
   } else {
     s->cycle.curveInCycle++;
   }
+}
+
+namespace {
+
+// A bar between two plot points with a piece across each end.
+void drawErrorBar(PlotState* s, float x0, float y0, float x1, float y1, float half, bool horizontal) {
+  float dx = horizontal ? 0.0F : half, dy = horizontal ? half : 0.0F;
+  penMove(s, x0, y0);
+  penDraw(s, x1, y1);
+  penMove(s, x0 - dx, y0 - dy);
+  penDraw(s, x0 + dx, y0 + dy);
+  penMove(s, x1 - dx, y1 - dy);
+  penDraw(s, x1 + dx, y1 + dy);
+}
+
+// Plot coordinate of the end of a bar; one without a logarithm lies on the axis.
+float barEnd(const PlotState* s, int axis, float value) {
+  if (s->axis.axisLogScale[axis] != 0 && !(value > 0.0F) && !s->axis.negativeLogOn) {
+    return axis == kAxisX ? s->scaling.axisOriginPlotX : s->scaling.axisOriginPlotY;
+  }
+  return axis == kAxisX ? plotX(s, value) : plotY(s, value);
+}
+
+void drawErrorBars(PlotState* s, const CurveData& d, const float* e1, const float* e2) {
+  float half = static_cast<float>(s->curve.markerHeight) / 3.0F;
+  bool horizontal = s->curve.errorBarHorizontal;
+  for (int i = 0; i < d.n; i++) {
+    if (!isDrawable(s, d, i)) continue;
+    float x = plotX(s, d.x[i]), y = plotY(s, d.y[i]);
+    if (horizontal) {
+      drawErrorBar(s, barEnd(s, kAxisX, d.x[i] - e1[i]), y, barEnd(s, kAxisX, d.x[i] + e2[i]), y, half, true);
+    } else {
+      drawErrorBar(s, x, barEnd(s, kAxisY, d.y[i] - e1[i]), x, barEnd(s, kAxisY, d.y[i] + e2[i]), half, false);
+    }
+  }
+}
+
+} // namespace
+
+void ERRBAR(const float* x, const float* y, const float* e1, const float* e2, int n) {
+  PlotState* s = strictCheck(2, 3, "errbar");
+  if (!s || checkRange(s, n, 1, -1)) return;
+  if (!logarithmsExist(s, kAxisY, y, n) || !logarithmsExist(s, kAxisX, x, n)) return;
+  CurveData data{x, y, n};
+  s->internalCoordinates = true;
+  checkPoints(s, data);
+  axisClipOn(s);
+  drawErrorBars(s, data, e1, e2);
+  int step = s->curve.markerStep;
+  s->curve.markerStep = 1;
+  drawSymbols(s, data);
+  s->curve.markerStep = step;
+  flushPath(s);
+  axisClipOff(s);
+  s->internalCoordinates = false;
 }
 
 void CHNATT(void) {
@@ -174,8 +243,9 @@ void SYMBOL(int symbol, int nx, int ny) {
 void RLSYMB(int symbol, float x, float y) {
   PlotState* s = strictCheck(2, 3, "rlsymb");
   if (!s || checkRange(s, symbol, 0, kHighestSymbol)) return;
-  drawSymbol(s, symbol, s->curve.markerHeight, static_cast<float>(roundHalfUp(plotX(s, x))),
-             static_cast<float>(roundHalfUp(plotY(s, y))));
+  PlotPoint p = plotPoint(s, x, y);
+  drawSymbol(s, symbol, s->curve.markerHeight, static_cast<float>(roundHalfUp(p.x)),
+             static_cast<float>(roundHalfUp(p.y)));
 }
 
 namespace {
@@ -189,7 +259,8 @@ void RLMESS(const char* text, float x, float y) {
   PlotState* s = strictCheck(2, 3, "rlmess");
   if (!s) return;
   if (continuesText(x, y)) return placeText(s, text, 999, 999);
-  placeText(s, text, roundHalfUp(plotX(s, x)), userY(s, roundHalfUp(plotY(s, y))));
+  PlotPoint p = plotPoint(s, x, y);
+  placeText(s, text, roundHalfUp(p.x), userY(s, roundHalfUp(p.y)));
 }
 
 void RLNUMB(float value, int digits, float x, float y) {
@@ -199,20 +270,28 @@ void RLNUMB(float value, int digits, float x, float y) {
   char text[kNumberSize];
   formattedNumber(s, static_cast<double>(value), digits, text, kNumberSize);
   if (continuesText(x, y)) return numberAt(s, text, 999, 999);
-  numberAt(s, text, roundHalfUp(plotX(s, x)), userY(s, roundHalfUp(plotY(s, y))));
+  PlotPoint p = plotPoint(s, x, y);
+  numberAt(s, text, roundHalfUp(p.x), userY(s, roundHalfUp(p.y)));
 }
 
 void RLSTRT(float x, float y) {
-  if (PlotState* s = strictCheck(2, 3, "rlstrt")) penMove(s, plotX(s, x), plotY(s, y));
+  PlotState* s = strictCheck(2, 3, "rlstrt");
+  if (!s) return;
+  PlotPoint p = plotPoint(s, x, y);
+  penMove(s, p.x, p.y);
 }
 
 void RLCONN(float x, float y) {
-  if (PlotState* s = strictCheck(2, 3, "rlconn")) penDraw(s, plotX(s, x), plotY(s, y));
+  PlotState* s = strictCheck(2, 3, "rlconn");
+  if (!s) return;
+  PlotPoint p = plotPoint(s, x, y);
+  penDraw(s, p.x, p.y);
 }
 
 void RLINE(float x1, float y1, float x2, float y2) {
   PlotState* s = strictCheck(2, 3, "rline");
   if (!s) return;
-  penMove(s, plotX(s, x1), plotY(s, y1));
-  penDraw(s, plotX(s, x2), plotY(s, y2));
+  PlotPoint p = plotPoint(s, x1, y1), q = plotPoint(s, x2, y2);
+  penMove(s, p.x, p.y);
+  penDraw(s, q.x, q.y);
 }

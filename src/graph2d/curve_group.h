@@ -6,6 +6,7 @@
 namespace quilla {
 
 inline constexpr int kHighestSymbol = 23;
+inline constexpr int kUserSymbolLimit = 200; // points of a symbol of MYSYMB
 
 enum CurveMode : int {
   kCurveLine = 0,
@@ -36,7 +37,11 @@ struct CurveGroup {
   float gapLimit[3] = {};
   int nanMode = 0;
   float barWidth = 0.75F;
+  bool errorBarHorizontal = false; // BARTYP
   float symbolAngle = 0.0F;
+  bool userSymbolOn = false, userSymbolFilled = false; // MYSYMB
+  int userSymbolId = 0, userSymbolN = 0;
+  float userSymbolX[kUserSymbolLimit] = {}, userSymbolY[kUserSymbolLimit] = {};
 };
 
 // Working state of the cycles; reset by ENDGRF.

@@ -10,8 +10,17 @@ namespace quilla {
 
 namespace {
 
-void moveTo(PlotState* s, float x, float y) { penMove(s, plotX(s, x), plotY(s, y)); }
-void drawTo(PlotState* s, float x, float y) { penDraw(s, plotX(s, x), plotY(s, y)); }
+void moveTo(PlotState* s, float x, float y) {
+  PlotPoint p = plotPoint(s, x, y);
+  penMove(s, p.x, p.y);
+}
+
+void drawTo(PlotState* s, float x, float y) {
+  PlotPoint p = plotPoint(s, x, y);
+  penDraw(s, p.x, p.y);
+}
+
+bool isPolar(const PlotState* s) { return s->axis.axisSystemKind == kSystemPolar; }
 
 bool isGap(const PlotState* s, const CurveData& d, int i) {
   const CurveGroup& c = s->curve;
@@ -31,6 +40,28 @@ void drawLines(PlotState* s, const CurveData& d) {
       drawTo(s, d.x[i], d.y[i]);
     } else {
       moveTo(s, d.x[i], d.y[i]);
+    }
+  }
+}
+
+// On the chart of GRAFR each segment is divided until its pieces follow the circles of the chart.
+void drawChartLines(PlotState* s, const CurveData& d) {
+  constexpr float kSquaredPiece = 100.0F; // plot units
+  constexpr int kMostPieces = 100;
+  for (int i = 0; i < d.n; i++) {
+    if (!isDrawable(s, d, i)) continue;
+    if (!continues(s, d, i)) {
+      moveTo(s, d.x[i], d.y[i]);
+      continue;
+    }
+    PlotPoint p = plotPoint(s, d.x[i - 1], d.y[i - 1]), q = plotPoint(s, d.x[i], d.y[i]);
+    float squared = (q.x - p.x) * (q.x - p.x) + (q.y - p.y) * (q.y - p.y);
+    int pieces = 1;
+    while (pieces < kMostPieces && squared > kSquaredPiece * static_cast<float>(pieces) * static_cast<float>(pieces))
+      pieces++;
+    for (int k = 1; k <= pieces; k++) {
+      float t = static_cast<float>(k) / static_cast<float>(pieces);
+      drawTo(s, d.x[i - 1] + t * (d.x[i] - d.x[i - 1]), d.y[i - 1] + t * (d.y[i] - d.y[i - 1]));
     }
   }
 }
@@ -75,6 +106,14 @@ float baseY(const PlotState* s) {
 }
 
 void drawStems(PlotState* s, const CurveData& d) {
+  if (isPolar(s)) {
+    for (int i = 0; i < d.n; i++) {
+      if (!isDrawable(s, d, i)) continue;
+      moveTo(s, 0.0F, 0.0F);
+      drawTo(s, d.x[i], d.y[i]);
+    }
+    return;
+  }
   float base = baseY(s);
   for (int i = 0; i < d.n; i++) {
     if (!isDrawable(s, d, i)) continue;
@@ -84,7 +123,25 @@ void drawStems(PlotState* s, const CurveData& d) {
   }
 }
 
+// Sectors from the origin; the width of bars is a measure of angle in degrees.
+void drawPolarBars(PlotState* s, const CurveData& d, bool filled) {
+  float half = std::fabs(s->curve.barWidth) * 0.5F;
+  for (int i = 0; i < d.n; i++) {
+    if (!isDrawable(s, d, i)) continue;
+    PlotPoint corners[3] = {plotPoint(s, 0.0F, 0.0F), plotPoint(s, d.x[i], d.y[i] - half),
+                            plotPoint(s, d.x[i], d.y[i] + half)};
+    float xs[3] = {corners[0].x, corners[1].x, corners[2].x}, ys[3] = {corners[0].y, corners[1].y, corners[2].y};
+    if (filled) {
+      fillSolid(s, xs, ys, 3);
+      continue;
+    }
+    penMove(s, xs[0], ys[0]);
+    for (int k = 1; k <= 3; k++) penDraw(s, xs[k % 3], ys[k % 3]);
+  }
+}
+
 void drawBars(PlotState* s, const CurveData& d, bool filled) {
+  if (isPolar(s)) return drawPolarBars(s, d, filled);
   const CurveGroup& c = s->curve;
   float base = s->scaling.axisOriginPlotY;
   float halfUser = d.n > 1 && c.barWidth > 0.0F ? (d.x[1] - d.x[0]) * c.barWidth * 0.5F : 0.0F;
@@ -95,7 +152,7 @@ void drawBars(PlotState* s, const CurveData& d, bool filled) {
           y = plotY(s, d.y[i]);
     if (filled) {
       float xs[4] = {x0, x0, x1, x1}, ys[4] = {base, y, y, base};
-      fillPolygon(s, xs, ys, 4);
+      fillSolid(s, xs, ys, 4);
       continue;
     }
     penMove(s, x0, base);
@@ -120,6 +177,9 @@ void drawCurveLine(PlotState* s, const CurveData& data) {
   case kCurveFilledBars: return drawBars(s, data, true);
   case kCurveSpline: return drawSpline(s, data);
   case kCurvePSpline: return drawParametricSpline(s, data);
+  case kCurveCurved:
+    if (s->axis.axisSystemKind == kSystemRealImaginary) return drawChartLines(s, data);
+    return drawLines(s, data);
   default: return drawLines(s, data);
   }
 }

@@ -102,3 +102,19 @@ void NANCRV(const char* mode) {
 void SYMROT(float degrees) {
   if (PlotState* s = setterCheck("symrot")) s->curve.symbolAngle = degrees;
 }
+
+void MYSYMB(const float* x, const float* y, int n, int symbol, int fill) {
+  PlotState* s = strictCheck(1, 3, "mysymb");
+  if (!s || checkRange(s, n, 2, kUserSymbolLimit) || checkRange(s, symbol, 0, kHighestSymbol) ||
+      checkRange(s, fill, 0, 1))
+    return;
+  CurveGroup& c = s->curve;
+  for (int i = 0; i < n; i++) {
+    c.userSymbolX[i] = x[i];
+    c.userSymbolY[i] = y[i];
+  }
+  c.userSymbolN = n;
+  c.userSymbolId = symbol;
+  c.userSymbolFilled = fill == 1;
+  c.userSymbolOn = true;
+}

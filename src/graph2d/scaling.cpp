@@ -7,6 +7,7 @@
 #include "core/pipeline.h"
 #include "device/sink.h"
 #include "graph2d/axis_labels.h"
+#include "graph2d/date_labels.h"
 #include "text/text.h"
 
 namespace quilla {
@@ -102,6 +103,15 @@ void logarithmicLimits(PlotState* s, int axis, AxisScale& scale) {
 AxisScale automaticScale(PlotState* s, int axis, int& digits) {
   AxisScale scale{s->axis.autoMin[axis], s->axis.autoMax[axis], 0.0F, 1.0F};
   if (s->axis.axisLogScale[axis] != 0) logarithmicLimits(s, axis, scale);
+  if (s->axis.labelClass[axis] == kClassDate || s->axis.labelClass[axis] == kClassTime) {
+    digits = -1;
+    if (s->axis.labelClass[axis] == kClassDate) {
+      automaticDates(s, axis, scale.start, scale.end, scale.first, scale.step);
+    } else {
+      automaticTimes(scale.start, scale.end, scale.first, scale.step);
+    }
+    return scale;
+  }
   double range = static_cast<double>(scale.end) - scale.start;
   int p = powerOfTen(range);
   double step = std::pow(10.0, p), q = range / step;
@@ -175,14 +185,80 @@ void storeScale(PlotState* s, int axis, const AxisScale& scale) {
   }
 }
 
+namespace {
+
+// The value as the scaling counts it. One without a logarithm becomes that of NEGLOG.
+float scaled(const PlotState* s, int axis, float value) {
+  if (s->axis.axisLogScale[axis] == 0) return value;
+  return std::log10(value <= 0.0F && s->axis.negativeLogOn ? s->axis.negativeLogValue : value);
+}
+
+} // namespace
+
 float plotX(const PlotState* s, float x) {
-  if (s->axis.axisLogScale[kAxisX] != 0) x = std::log10(x);
+  x = scaled(s, kAxisX, x);
   return (x - s->scaling.axisStart[kAxisX]) * s->scaling.axisFactorX + s->scaling.axisOriginPlotX;
 }
 
 float plotY(const PlotState* s, float y) {
-  if (s->axis.axisLogScale[kAxisY] != 0) y = std::log10(y);
+  y = scaled(s, kAxisY, y);
   return s->scaling.axisOriginPlotY - (y - s->scaling.axisStart[kAxisY]) * s->scaling.axisFactorY;
+}
+
+double polarDirection(const PlotState* s, double degrees) {
+  constexpr double kRadians = 3.14159265358979323846 / 180.0;
+  double turned = s->axis.polarClockwise ? -degrees : degrees;
+  return (90.0 * s->axis.polarStart + turned) * kRadians;
+}
+
+namespace {
+
+Complex quotient(Complex a, Complex b) {
+  double d = b.re * b.re + b.im * b.im;
+  if (d < static_cast<double>(kTiny)) return {1.0, 0.0}; // the point at infinity of the chart
+  return {(a.re * b.re + a.im * b.im) / d, (a.im * b.re - a.re * b.im) / d};
+}
+
+// The chart of an axis system of the kind of GRAFR is the unit circle of the reflection coefficient.
+PlotPoint chartPoint(const PlotState* s, float re, float im) {
+  Complex r = reflectionOf(s, {static_cast<double>(re), static_cast<double>(im)});
+  double radius = (s->axis.axisLength[kAxisX] - 1) / 2.0;
+  return {static_cast<float>(s->axis.axisCrossX + radius * r.re),
+          static_cast<float>(s->axis.axisCrossY - radius * r.im)};
+}
+
+} // namespace
+
+Complex reflectionOf(const PlotState* s, Complex z) {
+  Complex r = quotient({z.re - 1.0, z.im}, {z.re + 1.0, z.im});
+  return s->axis.axisAdmittance ? Complex{-r.re, -r.im} : r;
+}
+
+Complex impedanceOf(const PlotState* s, Complex r) {
+  if (s->axis.axisAdmittance) r = {-r.re, -r.im};
+  return quotient({1.0 + r.re, r.im}, {1.0 - r.re, -r.im});
+}
+
+PlotPoint plotPoint(const PlotState* s, float x, float y) {
+  if (s->axis.axisSystemKind == kSystemRealImaginary) return chartPoint(s, x, y);
+  if (s->axis.axisSystemKind != kSystemPolar) return {plotX(s, x), plotY(s, y)};
+  double direction = polarDirection(s, static_cast<double>(y));
+  double radius = static_cast<double>(x) * static_cast<double>(s->scaling.axisFactorX);
+  return {static_cast<float>(s->axis.axisCrossX + radius * std::cos(direction)),
+          static_cast<float>(s->axis.axisCrossY - radius * std::sin(direction))};
+}
+
+void placeRoundSystem(PlotState* s) {
+  AxisGroup& a = s->axis;
+  int length = a.axisLength[kAxisX] < a.axisLength[kAxisY] ? a.axisLength[kAxisX] : a.axisLength[kAxisY];
+  a.axisLength[kAxisX] = a.axisLength[kAxisY] = length;
+  if (a.axisOriginGiven) {
+    a.axisPosX = a.axisCrossX - (length - 1) / 2;
+    a.axisPosY = a.axisCrossY + (length - 1) / 2;
+  } else {
+    a.axisCrossX = a.axisPosX + (length - 1) / 2;
+    a.axisCrossY = a.axisPosY - (length - 1) / 2;
+  }
 }
 
 void storeAxisClip(PlotState* s) {
@@ -195,6 +271,10 @@ void storeAxisClip(PlotState* s) {
   clip[1] = onPage(originY + a.axisPosY + 1 - grace - a.axisLength[kAxisY], height);
   clip[2] = onPage(originX + a.axisPosX + grace - 1 + a.axisLength[kAxisX], width);
   clip[3] = onPage(originY + a.axisPosY + grace, height);
+  s->scaling.axisCenterX = static_cast<float>(originX + a.axisPosX) + static_cast<float>(a.axisLength[kAxisX] - 1) / 2;
+  s->scaling.axisCenterY = static_cast<float>(originY + a.axisPosY) - static_cast<float>(a.axisLength[kAxisY] - 1) / 2;
+  int shorter = a.axisLength[kAxisX] < a.axisLength[kAxisY] ? a.axisLength[kAxisX] : a.axisLength[kAxisY];
+  s->scaling.axisRadius = static_cast<float>(shorter - 1) / 2 + static_cast<float>(grace);
   s->scaling.axisRightX = a.axisPosX - 1 + a.axisLength[kAxisX];
   s->scaling.axisTopY = a.axisPosY - a.axisLength[kAxisY] + 1;
 }
@@ -205,20 +285,29 @@ void axisClipOn(PlotState* s) {
   flushPath(s);
   int saved[4] = {c.clipX0, c.clipY0, c.clipX1, c.clipY1};
   for (int i = 0; i < 4; i++) c.savedClip[i] = saved[i];
+  bool round = c.clipMode == kClipCircle ||
+               (c.clipMode == kClipAuto &&
+                (s->axis.axisSystemKind == kSystemPolar || s->axis.axisSystemKind == kSystemRealImaginary));
+  if (round) {
+    c.clipIsCircle = c.axisClipActive = true;
+    c.clipCenterX = s->scaling.axisCenterX;
+    c.clipCenterY = s->scaling.axisCenterY;
+    c.clipRadius = s->scaling.axisRadius;
+    return;
+  }
   const int* axis = s->scaling.axisClip;
   setClipRectangle(s, axis[0] > saved[0] ? axis[0] : saved[0], axis[1] > saved[1] ? axis[1] : saved[1],
                    axis[2] < saved[2] ? axis[2] : saved[2], axis[3] < saved[3] ? axis[3] : saved[3]);
   c.axisClipActive = true;
-  sinkClip(s, true, static_cast<float>(c.clipX0), static_cast<float>(c.clipY0), static_cast<float>(c.clipX1),
-           static_cast<float>(c.clipY1));
+  sendClip(s, s->axis.axisBackgroundColor >= 0 ? 1.0F : 0.0F);
 }
 
 void axisClipOff(PlotState* s) {
   ClipGroup& c = s->clip;
   if (c.clipBorderMode == kBorderAxis || !c.axisClipActive) return;
   setClipRectangle(s, c.savedClip[0], c.savedClip[1], c.savedClip[2], c.savedClip[3]);
-  c.axisClipActive = false;
-  sinkClip(s, false, 0.0F, 0.0F, 0.0F, 0.0F);
+  if (!c.clipIsCircle) sendClip(s, 0.0F);
+  c.axisClipActive = c.clipIsCircle = false;
 }
 
 } // namespace quilla

@@ -23,6 +23,25 @@ void storeScale(PlotState* s, int axis, const AxisScale& scale);
 float plotX(const PlotState* s, float x);
 float plotY(const PlotState* s, float y);
 
+// Plot coordinates of a point in any axis system: x and y, or radius and angle in degrees.
+struct PlotPoint {
+  float x, y;
+};
+PlotPoint plotPoint(const PlotState* s, float x, float y);
+
+// Reflection coefficient (z - 1) / (z + 1) of an impedance, or (1 - y) / (1 + y) of an admittance, and back.
+struct Complex {
+  double re, im;
+};
+Complex reflectionOf(const PlotState* s, Complex z);
+Complex impedanceOf(const PlotState* s, Complex reflection);
+
+// Direction on the page, in radians anticlockwise from the right, of an angle of a polar system in degrees.
+double polarDirection(const PlotState* s, double degrees);
+
+// Both lengths of a round system become the smaller one; its centre follows from its corner or the other way round.
+void placeRoundSystem(PlotState* s);
+
 // Clip limits of curves from position, length, ORIGIN and GRACE.
 void storeAxisClip(PlotState* s);
 

@@ -110,11 +110,11 @@ bool enoughPoints(PlotState* s, int n) {
 
 void splinePoint(PlotState* s, float x, float y, bool move) {
   if (s->axis.axisLogScale[kAxisY] != 0 && !(y > 0.0F)) y = kSmallestLogValue;
-  float px = plotX(s, x), py = plotY(s, y);
+  PlotPoint p = plotPoint(s, x, y);
   if (move) {
-    penMove(s, px, py);
+    penMove(s, p.x, p.y);
   } else {
-    penDraw(s, px, py);
+    penDraw(s, p.x, p.y);
   }
 }
 

@@ -3,7 +3,9 @@
 #include <cmath>
 #include <span>
 
+#include "core/page.h"
 #include "core/pipeline.h"
+#include "core/shields.h"
 
 namespace quilla {
 
@@ -78,22 +80,25 @@ struct Spot {
   float x, y;
 };
 
-Spot place(const Frame& f, Point p) {
-  float x = static_cast<float>(p.x) * f.scale, y = static_cast<float>(p.y) * f.scale;
+Spot placeAt(const Frame& f, float px, float py) {
+  float x = px * f.scale, y = py * f.scale;
   return {f.x + x * f.cosine + y * f.sine, f.y + y * f.cosine - x * f.sine};
 }
 
-void strokeOutline(PlotState* s, const Frame& f, Outline outline) {
-  for (std::size_t i = 0; i < outline.size(); i++) {
-    Spot spot = place(f, outline[i]);
-    // Below the dash stage: a symbol is solid under every line type.
-    float x = spot.x + static_cast<float>(s->page.originX), y = spot.y + static_cast<float>(s->page.originY);
-    if (i == 0) {
-      pathMove(s, x, y);
-    } else {
-      pathDraw(s, x, y);
-    }
+Spot place(const Frame& f, Point p) { return placeAt(f, static_cast<float>(p.x), static_cast<float>(p.y)); }
+
+// Below the dash stage: a symbol is solid under every line type.
+void penTo(PlotState* s, Spot spot, bool move) {
+  float x = spot.x + static_cast<float>(s->page.originX), y = spot.y + static_cast<float>(s->page.originY);
+  if (move) {
+    pathMove(s, x, y);
+  } else {
+    pathDraw(s, x, y);
   }
+}
+
+void strokeOutline(PlotState* s, const Frame& f, Outline outline) {
+  for (std::size_t i = 0; i < outline.size(); i++) penTo(s, place(f, outline[i]), i == 0);
 }
 
 void fillOutline(PlotState* s, const Frame& f, Outline outline) {
@@ -105,14 +110,27 @@ void fillOutline(PlotState* s, const Frame& f, Outline outline) {
     xs[i] = spot.x;
     ys[i] = spot.y;
   }
-  fillPolygon(s, xs, ys, static_cast<int>(n));
+  fillSolid(s, xs, ys, static_cast<int>(n));
+}
+
+// The outline of MYSYMB in the same square as the others, closed by its last point if it repeats the first.
+void drawUserSymbol(PlotState* s, const Frame& f) {
+  const CurveGroup& c = s->curve;
+  float xs[kUserSymbolLimit], ys[kUserSymbolLimit];
+  for (int i = 0; i < c.userSymbolN; i++) {
+    Spot spot = placeAt(f, c.userSymbolX[i], c.userSymbolY[i]);
+    xs[i] = spot.x;
+    ys[i] = spot.y;
+    if (!c.userSymbolFilled) penTo(s, spot, i == 0);
+  }
+  if (c.userSymbolFilled) fillSolid(s, xs, ys, c.userSymbolN);
 }
 
 } // namespace
 
-void drawSymbol(PlotState* s, int symbol, int height, float x, float y) {
-  if (symbol < 0 || symbol > kHighestSymbol) return;
-  Frame f = frameOf(s, height, x, y);
+namespace {
+
+void drawShape(PlotState* s, int symbol, const Frame& f) {
   if (symbol == kPlusWithCross) {
     for (Outline outline : kStar) strokeOutline(s, f, outline);
     return;
@@ -126,6 +144,26 @@ void drawSymbol(PlotState* s, int symbol, int height, float x, float y) {
       strokeOutline(s, f, outline);
     }
   }
+}
+
+// Lines that are drawn later keep out of the circle around a symbol (SHIELD "SYMB").
+void shieldSymbol(PlotState* s, int height, float x, float y) {
+  const int data[] = {roundHalfUp(x) + s->page.originX, roundHalfUp(y) + s->page.originY, height / 2};
+  addShield(s, kShieldCircle, kShieldSymbols, data);
+}
+
+} // namespace
+
+void drawSymbol(PlotState* s, int symbol, int height, float x, float y) {
+  Frame f = frameOf(s, height, x, y);
+  if (s->curve.userSymbolOn && symbol == s->curve.userSymbolId) {
+    drawUserSymbol(s, f);
+  } else if (symbol >= 0 && symbol <= kHighestSymbol) {
+    drawShape(s, symbol, f);
+  } else {
+    return;
+  }
+  if (s->shield.shieldAreaOn[kShieldSymbols - 1]) shieldSymbol(s, height, x, y);
 }
 
 } // namespace quilla

@@ -15,6 +15,7 @@ namespace {
 
 constexpr int kDefaultDevice = 201;
 constexpr int kFirstFileDevice = 101;
+constexpr int kIndexedDepth = 8; // bits of a pixel
 constexpr int kMemoryRaster = 603, kPdf = 511;
 constexpr int kPdfToMemory = 2; // bit of pdfMode
 
@@ -33,6 +34,12 @@ int resolvedBackground(const PlotState* s) {
   }
 }
 
+// The plot file gets its name and is opened before another thread may look for a name.
+bool openDevice(PlotState* s) {
+  ProcessLock lock;
+  return sinkOpen(s);
+}
+
 int protocolLayout(const PlotState* s) {
   int device = s->deviceSetup.deviceNumber;
   bool inMemory = device == kPdf && (s->deviceSetup.pdfMode & kPdfToMemory) != 0;
@@ -49,9 +56,10 @@ void closeErrorFile(PlotState* s) {
 }
 
 void endProtocol(PlotState* s) {
+  const bool boxed = s->windowSetup.windowsApplication;
   bool wanted = s->message.messageUnit != kUnitNone && s->message.protocolMode != kProtocolOff;
   bool printed = false;
-  if (s->messageSetup.errorDevice != kErrorConsole) {
+  if (boxed || s->messageSetup.errorDevice != kErrorConsole) {
     if (wanted && s->message.protocolMode == kProtocolFile) {
       openErrorFile(s);
       printProtocol(s, protocolLayout(s));
@@ -59,8 +67,8 @@ void endProtocol(PlotState* s) {
     }
     int layout = protocolLayout(s);
     closeErrorFile(s);
-    if (wanted && !printed) printProtocol(s, layout);
-    return;
+    if (!wanted || printed) return;
+    return boxed ? showProtocol(s, layout) : printProtocol(s, layout);
   }
   if (wanted) printProtocol(s, protocolLayout(s));
 }
@@ -78,15 +86,23 @@ void QUIINI(void) {
   }
   s->colorState.backgroundMode = resolvedBackground(s);
   startPage(s);
-  s->device = DeviceGroup{.postScript = s->device.postScript, .pdf = s->device.pdf};
+  s->device = DeviceGroup{.postScript = s->device.postScript, .pdf = s->device.pdf, .ply = s->device.ply};
   s->path = PathState{};
-  if (!sinkOpen(s)) {
+  s->dash = DashState{};
+  if (!openDevice(s)) {
     s->level.plotLevel = kLevelNone;
     return;
   }
-  if (s->messageSetup.errorDevice == kErrorConsole) s->streams.errorFileStream = nullptr;
+  if (s->messageSetup.errorDevice == kErrorConsole && !s->windowSetup.windowsApplication)
+    s->streams.errorFileStream = nullptr;
   applyDefaultSettings(s);
-  if (s->colorSetup.lastBackground == -1) s->colorSetup.lastBackground = s->colorState.backgroundMode;
+  ColorSetup& c = s->colorSetup;
+  if (c.lastBackground == -1) {
+    c.lastBackground = s->colorState.backgroundMode;
+  } else if (s->deviceSetup.deviceNumber < kFirstFileDevice && s->device.colourDepth > kIndexedDepth &&
+             c.lastBackground != s->colorState.backgroundMode) {
+    sinkErase(s); // the window of an earlier plot stands in the other colours
+  }
 }
 
 void QUIFIN(void) {

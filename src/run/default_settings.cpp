@@ -4,7 +4,10 @@
 #include "core/page.h"
 #include "core/pipeline.h"
 #include "device/sink.h"
+#include "graph2d/area.h"
 #include "graph2d/axis_system.h"
+#include "graph2d/legend.h"
+#include "graph2d/symbols.h"
 #include "text/text.h"
 
 namespace quilla {
@@ -18,6 +21,15 @@ constexpr int kDefaultFont = 1; // QUIALF
 constexpr int kPostDevice = 501;
 
 int atLeastOne(int value) { return value < 1 ? 1 : value; }
+
+// A symbol inside a text, turned with it. (x, y) is a page point with ORIGIN in it.
+void drawTextSymbol(PlotState* s, int n, float x, float y, float height, float angle) {
+  const float symbolAngle = s->curve.symbolAngle;
+  s->curve.symbolAngle = angle;
+  drawSymbol(s, n, roundHalfUp(height), x - static_cast<float>(s->page.originX),
+             y - static_cast<float>(s->page.originY));
+  s->curve.symbolAngle = symbolAngle;
+}
 
 } // namespace
 
@@ -54,6 +66,7 @@ CurveGroup defaultCurveGroup(const PlotState* s) {
 void applyDefaultSettings(PlotState* s) {
   flushPath(s);
   s->line = LineGroup{};
+  s->transform = TransformGroup{};
   setLineType(s, 0);
   s->dash.lineGapSize = 0.0F;
   s->color.currentColor = 0;
@@ -62,13 +75,24 @@ void applyDefaultSettings(PlotState* s) {
   s->message.messageUnit = s->streams.errorFileStream ? kUnitFile : kUnitConsole;
   s->page = PageGroup{};
   s->clip = ClipGroup{};
+  s->shield = ShieldGroup{};
   clipWholePage(s);
   s->axis = defaultAxisGroup(s);
   s->myLabels = MyLabelGroup{};
   s->curve = defaultCurveGroup(s);
+  s->area = defaultAreaGroup();
+  s->bar = BarGroup{};
+  s->barState = BarState{};
+  s->pie = PieGroup{};
+  s->legend = LegendGroup{};
+  s->legendState.handMode = false;
   resetCycle(s);
+  s->include = IncludeGroup{};
+  forgetRecords(s);
+  s->shading = ShadingGroup{};
   s->text = defaultTextGroup(s);
   s->textState = TextState{};
+  s->textState.symbolDrawer = drawTextSymbol;
   s->font = FontGroup{};
   installFont(s, kDefaultFont);
   sinkLineCap(s, s->line.lineCap);

@@ -6,6 +6,7 @@
 #include "core/levels.h"
 #include "core/messages.h"
 #include "core/pipeline.h"
+#include "graph2d/area.h"
 #include "quilla/quilla.h"
 #include "run/default_settings.h"
 #include "text/text.h"
@@ -27,6 +28,8 @@ template <class Field> void copyField(Field& target, const Field& source) {
 void restoreClip(PlotState* s) {
   s->clip.clipBorderMode = kBorderPage;
   clipWholePage(s);
+  s->clip.clipIsCircle = s->clip.axisClipActive = false;
+  sendClip(s, 0.0F);
 }
 
 void fillColorCycle(PlotState* s) {
@@ -90,9 +93,19 @@ constexpr ResetRow kResetRows[] = {
      s->axis.axisOriginGiven = false;
    }},
     {"BARD", nullptr},
-    {"BARG", nullptr},
-    {"BARP", nullptr},
-    {"BART", nullptr},
+    {"BARG", [](PlotState* s, const Defaults&) {
+     s->bar.barGroupCount = 1;
+     s->bar.barGroupGap = 0.0F;
+     s->barState = BarState{};
+   }},
+    {"BARP", [](PlotState* s, const Defaults&) {
+     s->bar.barPositionMode = kBarAsGiven;
+   }},
+    {"BART", [](PlotState* s, const Defaults&) {
+     s->bar.barType = kBarVertical;
+     s->bar.fbarType = kBarCandles;
+     s->curve.errorBarHorizontal = false;
+   }},
     {"BARW", [](PlotState* s, const Defaults& d) {
      s->curve.barWidth = d.curve.barWidth;
    }},
@@ -114,7 +127,9 @@ constexpr ResetRow kResetRows[] = {
     {"CHNC", [](PlotState* s, const Defaults& d) {
      s->curve.cycleMode = d.curve.cycleMode;
    }},
-    {"CHNP", nullptr},
+    {"CHNP", [](PlotState* s, const Defaults&) {
+     s->pie.pieCycle = kChartCycleNone;
+   }},
     {"CIRC", nullptr},
     {"CLPB", [](PlotState* s, const Defaults&) {
      restoreClip(s);
@@ -146,8 +161,12 @@ constexpr ResetRow kResetRows[] = {
      s->text.shiftCharsOn = false;
    }},
     {"EXPZ", nullptr},
-    {"FILB", nullptr},
-    {"FILC", nullptr},
+    {"FILB", [](PlotState* s, const Defaults&) {
+     s->include.fileBoxSet = false;
+   }},
+    {"FILC", [](PlotState* s, const Defaults&) {
+     s->include.ignoreFileColors = false;
+   }},
     {"FIXS", [](PlotState* s, const Defaults&) {
      s->text.fixedSpacingOn = false;
    }},
@@ -178,27 +197,40 @@ constexpr ResetRow kResetRows[] = {
     {"INTA", [](PlotState* s, const Defaults& d) {
      resetLabelDigits(s, d.axis);
    }},
-    {"LABC", nullptr},
+    {"LABC", [](PlotState* s, const Defaults&) {
+     s->bar.barLabelColor = s->pie.pieLabelColor = -1;
+   }},
     {"LABD", [](PlotState* s, const Defaults& d) {
      resetLabelDigits(s, d.axis);
+     s->bar.barLabelDigits = s->pie.pieDataDigits = s->pie.piePercentDigits = 1;
      copyField(s->axis.labelDistance, d.axis.labelDistance);
    }},
     {"LABE", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.labelKind, d.axis.labelKind);
      copyField(s->axis.labelClass, d.axis.labelClass);
      copyField(s->axis.labelType, d.axis.labelType);
+     s->bar.barLabelMode = kBarLabelNone;
+     s->pie.pieLabelMode = kPieLabelNone;
    }},
     {"LABJ", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.labelJustify, d.axis.labelJustify);
    }},
     {"LABP", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.labelPosition, d.axis.labelPosition);
+     s->bar.barLabelPosition = kBarLabelAuto;
+     s->pie.pieLabelPlace = kPieInternal;
    }},
     {"LABT", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.labelOrientation, d.axis.labelOrientation);
+     s->pie.pieLabelJustify = kPieCentered;
    }},
-    {"LEGC", nullptr},
-    {"LEGE", nullptr},
+    {"LEGC", [](PlotState* s, const Defaults&) {
+     s->legend.legendColorFromCurve = false;
+   }},
+    {"LEGE", [](PlotState* s, const Defaults&) {
+     s->legend = LegendGroup{};
+     s->legendState.handMode = false;
+   }},
     {"LFTT", nullptr},
     {"LINC", [](PlotState* s, const Defaults& d) {
      copyField(s->curve.lineCycle, d.curve.lineCycle);
@@ -218,7 +250,9 @@ constexpr ResetRow kResetRows[] = {
     {"MIXA", [](PlotState* s, const Defaults&) {
      s->text.mixOn = false;
    }},
-    {"MIXL", nullptr},
+    {"MIXL", [](PlotState* s, const Defaults&) {
+     s->legend.legendMultipleLines = false;
+   }},
     {"MYLA", [](PlotState* s, const Defaults& d) {
      s->myLabels = MyLabelGroup{};
      copyField(s->axis.myLabelCount, d.axis.myLabelCount);
@@ -229,11 +263,13 @@ constexpr ResetRow kResetRows[] = {
     {"NAME", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.axisName, d.axis.axisName);
    }},
-    {"NEGL", nullptr},
+    {"NEGL", [](PlotState* s, const Defaults&) { s->axis.negativeLogOn = false; }},
     {"NEWM", [](PlotState* s, const Defaults& d) {
      resetMixCharacters(s, d.text);
    }},
-    {"NOAR", nullptr},
+    {"NOAR", [](PlotState* s, const Defaults&) {
+     s->area.outlinesDrawn = true;
+   }},
     {"NOBA", nullptr},
     {"NOBG", nullptr},
     {"NOCH", [](PlotState* s, const Defaults&) {
@@ -260,11 +296,26 @@ constexpr ResetRow kResetRows[] = {
      flushPath(s);
      s->page.originX = s->page.originY = 0;
    }},
-    {"PATC", nullptr},
-    {"PIEC", nullptr},
-    {"PIEE", nullptr},
-    {"PIEL", nullptr},
-    {"PIEV", nullptr},
+    {"PATC", [](PlotState* s, const Defaults&) {
+     copyField(s->area.patternCycle, defaultAreaGroup().patternCycle);
+   }},
+    {"PIEC", [](PlotState* s, const Defaults&) {
+     s->pie.pieColorCount = 0;
+     s->pie.pieCallback = nullptr;
+   }},
+    {"PIEE", [](PlotState* s, const Defaults&) {
+     s->pie.pieExplode = false;
+   }},
+    {"PIEL", [](PlotState* s, const Defaults&) {
+     s->pie.pieLabelLeft[0] = s->pie.pieLabelRight[0] = 0;
+   }},
+    {"PIEV", [](PlotState* s, const Defaults&) {
+     const PieGroup p;
+     s->pie.pieVectorMode = p.pieVectorMode;
+     s->pie.pieVectorKind = p.pieVectorKind;
+     s->pie.pieGap = p.pieGap;
+     s->pie.pieDistance = p.pieDistance;
+   }},
     {"POLC", [](PlotState* s, const Defaults& d) {
      s->curve.curveMode = d.curve.curveMode;
    }},
@@ -301,8 +352,14 @@ constexpr ResetRow kResetRows[] = {
     {"SETS", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.autoScaled, d.axis.autoScaled);
    }},
-    {"SHDC", nullptr},
-    {"SHDP", nullptr},
+    {"SHDC", [](PlotState* s, const Defaults&) {
+     s->text.shadeCharacters = false;
+   }},
+    {"SHDP", [](PlotState* s, const Defaults&) {
+     float factor = s->shading.shadeFactor;
+     s->shading = ShadingGroup{};
+     s->shading.shadeFactor = factor;
+   }},
     {"SHIE", nullptr},
     {"SHLS", nullptr},
     {"SMXA", [](PlotState* s, const Defaults& d) {
@@ -332,7 +389,7 @@ constexpr ResetRow kResetRows[] = {
     {"TICP", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.tickPosition, d.axis.tickPosition);
    }},
-    {"TIMO", nullptr},
+    {"TIMO", [](PlotState* s, const Defaults&) { s->axis.timeColon = false; }},
     {"TITL", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.titleLine, d.axis.titleLine);
      copyField(s->axis.titleUnderlined, d.axis.titleUnderlined);
@@ -348,9 +405,13 @@ constexpr ResetRow kResetRows[] = {
      s->axis.titleDistance = 0;
    }},
     {"WIDB", nullptr},
-    {"WIND", nullptr},
+    {"WIND", [](PlotState* s, const Defaults&) {
+     s->windowSetup.windowPlacementMode = kWindowDefault;
+   }},
     {"WINM", nullptr},
-    {"WINS", nullptr},
+    {"WINS", [](PlotState* s, const Defaults&) {
+     s->windowSetup.windowPlacementMode = kWindowDefault;
+   }},
     {"ZSCA", nullptr},
 };
 static_assert(sizeof kResetRows / sizeof kResetRows[0] == 130);

@@ -2,6 +2,7 @@
 #include "quilla/quilla.h"
 #include "script/bound_routine.h"
 #include "script/name_index.h"
+#include "script/own_routines.h"
 
 namespace qsl {
 
@@ -15,13 +16,13 @@ constexpr RoutineRow kValueRoutines[kValueRoutineCount] = {
     absent("GWGFLT", "I"),
     absent("GWGSCL", "I"),
     absent("GWGTBF", "I,I,I"),
-    absent("X2DPOS", "X,X"),
+    bound<"X2DPOS", "X,X", X2DPOS>(),
     absent("X3DABS", "X,Y,Z"),
     absent("X3DPOS", "X,Y,Z"),
     absent("X3DREL", "X,Y,Z"),
     bound<"XINVRS", "I", XINVRS>(),
     bound<"XPOSN", "X", XPOSN>(),
-    absent("Y2DPOS", "X,X"),
+    bound<"Y2DPOS", "X,X", Y2DPOS>(),
     absent("Y3DABS", "X,Y,Z"),
     absent("Y3DPOS", "X,Y,Z"),
     absent("Y3DREL", "X,Y,Z"),
@@ -71,9 +72,9 @@ constexpr RoutineRow kValueRoutines[kValueRoutineCount] = {
     bound<"GETLIN", "", GETLIN>(),
     absent("GETLIT", "X,X,X,X,X,X"),
     absent("GETPLV", ""),
-    absent("GETPAT", ""),
+    bound<"GETPAT", "", GETPAT>(),
     bound<"GETTYP", "", GETTYP>(),
-    absent("GETUNI", ""),
+    own("GETUNI", "", run_getuni),
     absent("GETWID", ""),
     absent("GETXID", "S"),
     absent("GMXALF", "S,U,U"),
@@ -85,7 +86,7 @@ constexpr RoutineRow kValueRoutines[kValueRoutineCount] = {
     absent("GWGLIS", "I"),
     absent("GWGTBI", "I,I,I"),
     absent("GWGXID", "I"),
-    absent("INCDAT", "I,I,I"),
+    bound<"INCDAT", "I,I,I", INCDAT>(),
     bound<"INDRGB", "X,X,X", INDRGB>(),
     absent("INTCHA", "I,U"),
     absent("INTLEN", "I"),
@@ -94,12 +95,12 @@ constexpr RoutineRow kValueRoutines[kValueRoutineCount] = {
     absent("LDIMG", "S,HR,I,I)"),
     bound<"NLMESS", "S", NLMESS>(),
     bound<"NLNUMB", "X,I", NLNUMB>(),
-    absent("NWKDAY", "I,I,I"),
-    absent("NXLEGN", "S"),
-    absent("NXPIXL", "I,I"),
+    bound<"NWKDAY", "I,I,I", NWKDAY>(),
+    own("NXLEGN", "S", run_nxlegn),
+    bound<"NXPIXL", "I,I", NXPIXL>(),
     bound<"NXPOSN", "X", NXPOSN>(),
-    absent("NYLEGN", "S"),
-    absent("NYPIXL", "I,I"),
+    own("NYLEGN", "S", run_nylegn),
+    bound<"NYPIXL", "I,I", NYPIXL>(),
     bound<"NYPOSN", "X", NYPOSN>(),
     absent("NZPOSN", "X"),
     absent("OPENFL", "S,I,I"),

@@ -108,8 +108,9 @@ int exponentText(const PlotState* s, double value, int digits, int format, char*
 }
 
 NumberMixing beginNumberMixing(PlotState* s) {
-  const NumberMixing saved = {s->text.mixOn, s->text.alphabetShiftCount, s->text.alphabetShifts[0]};
+  const NumberMixing saved = {s->text.mixOn, s->text.texOn, s->text.alphabetShiftCount, s->text.alphabetShifts[0]};
   s->text.mixOn = true;
+  s->text.texOn = false; // its control characters are not those of exponents
   if (s->text.alphabetShiftCount == 0) s->text.alphabetShiftCount = 1;
   s->text.alphabetShifts[0] = {kAlphabetMath, '{', '}'};
   return saved;
@@ -117,6 +118,7 @@ NumberMixing beginNumberMixing(PlotState* s) {
 
 void endNumberMixing(PlotState* s, const NumberMixing& saved) {
   s->text.mixOn = saved.mixOn;
+  s->text.texOn = saved.texOn;
   s->text.alphabetShiftCount = saved.alphabetShiftCount;
   s->text.alphabetShifts[0] = saved.first;
 }

@@ -1,8 +1,11 @@
 // Installing stroke fonts, choosing glyphs, drawing them.
 #include "text/stroke_font.h"
 
+#include <algorithm>
+
 #include "core/pipeline.h"
 #include "text/driver_fonts.h"
+#include "text/ring_fill.h"
 #include "text/stroke_tables.h"
 #include "text/text.h"
 
@@ -14,6 +17,7 @@ struct SlotTables {
   const std::int16_t* points;
   const std::int16_t* index;
   int glyphs;
+  const std::int16_t* ys = nullptr; // of split coordinates, whose x are the points
 };
 struct FontTables {
   int id;
@@ -36,7 +40,52 @@ constexpr FontTables kFonts[] = {
     {kSimplx,
      {{kSimplxPoints, kSimplxIndex, 132}, {nullptr, kSimplxGreekIndex, 95}, kMath, kSlanted, kScript, kCyrillic}},
     {kDuplx, {{kDuplxPoints, kDuplxIndex, 132}, kGreek, kMath, kSlanted, kScript, kCyrillic}},
+    {kTriplx, {{kTriplxPoints, kTriplxIndex, 132}, kGreek, kMath, kSlanted, kScript, kCyrillic}},
+    {kGothic,
+     {{kGothicPoints, kGothicIndex, 95},
+      kGreek,
+      kMath,
+      {kGothicItalianPoints, kGothicItalianIndex, 95},
+      {kGothicGermanPoints, kGothicGermanIndex, 102},
+      kCyrillic}},
+    {kHelve, {{kHelveX, kHelveIndex, 132, kHelveY}, kGreek, kMath, kSlanted, kScript, kCyrillic}},
+    {kHelves, {{kHelvesX, kHelvesIndex, 132, kHelvesY}, kGreek, kMath, kSlanted, kScript, kCyrillic}},
+    {kHelvet, {{kHelvetX, kHelvetIndex, 132, kHelvetY}, kGreek, kMath, kSlanted, kScript, kCyrillic}},
+    {kSerif, {{kSerifX, kSerifIndex, 132, kSerifY}, kGreek, kMath, kSlanted, kScript, kCyrillic}},
 };
+
+struct IndexStarts {
+  const std::int16_t* index;
+  const std::uint16_t* starts;
+};
+constexpr IndexStarts kStarts[] = {
+    {kQuialfIndex, kQuialfStarts},
+    {kQuialfGreekIndex, kQuialfGreekStarts},
+    {kSimplxIndex, kSimplxStarts},
+    {kSimplxGreekIndex, kSimplxGreekStarts},
+    {kDuplxIndex, kDuplxStarts},
+    {kComplxIndex, kComplxStarts},
+    {kTriplxIndex, kTriplxStarts},
+    {kGothicIndex, kGothicStarts},
+    {kGothicItalianIndex, kGothicItalianStarts},
+    {kGothicGermanIndex, kGothicGermanStarts},
+    {kHelveIndex, kHelveStarts},
+    {kHelvesIndex, kHelvesStarts},
+    {kHelvetIndex, kHelvetStarts},
+    {kSerifIndex, kSerifStarts},
+    {kGreekIndex, kGreekStarts},
+    {kMathIndex, kMathStarts},
+    {kScriptIndex, kScriptStarts},
+    {kCyrillicIndex, kCyrillicStarts},
+    {kItalicIndex, kItalicStarts},
+};
+
+const std::uint16_t* startsOf(const std::int16_t* index) {
+  for (const IndexStarts& s : kStarts) {
+    if (s.index == index) return s.starts;
+  }
+  return nullptr;
+}
 
 constexpr int kFirstOutlineFont = 11;
 
@@ -80,6 +129,20 @@ StrokeEntry readEntry(const std::int16_t* record, int* at, float unit) {
   return {-n, start, unit * static_cast<float>(lowByte(d)), unit * static_cast<float>(highByte(d))};
 }
 
+// The contours of a glyph on the page, kept for its filling.
+struct GlyphRings {
+  float x[kGlyphPolygonLimit], y[kGlyphPolygonLimit];
+  int ends[kGlyphPolygonLimit];
+  int count = 0, rings = 0;
+
+  void add(float px, float py) {
+    if (count == kGlyphPolygonLimit) return;
+    x[count] = px;
+    y[count++] = py;
+  }
+  void close() { ends[rings++] = count; }
+};
+
 Point pointAt(const AlphabetSlot& slot, int i) {
   if (slot.alphaPacked)
     return {static_cast<float>(lowByte(slot.alphaX[i])), static_cast<float>(highByte(slot.alphaX[i]))};
@@ -100,9 +163,11 @@ void installFont(PlotState* s, int fontId) {
   for (int i = 0; i < kAlphabetSlots; ++i) {
     const SlotTables& t = font->slots[i];
     AlphabetSlot& slot = group.slots[i];
-    slot.alphaX = slot.alphaY = t.points ? t.points : group.slots[0].alphaX;
+    slot.alphaX = t.points ? t.points : group.slots[0].alphaX;
+    slot.alphaY = !t.points ? group.slots[0].alphaY : t.ys ? t.ys : t.points;
     slot.alphaIndex = t.index ? t.index : group.slots[0].alphaIndex;
-    slot.alphaPacked = true;
+    slot.alphaStarts = startsOf(slot.alphaIndex);
+    slot.alphaPacked = t.points ? t.ys == nullptr : group.slots[0].alphaPacked;
     slot.alphaCoordBase = t.points ? coordBase : 0;
     slot.alphaIndexBase = t.index ? indexBase : 0;
     slot.alphaCount = t.glyphs;
@@ -161,6 +226,7 @@ GlyphChoice remapOrdinal(int alphabet, int fontId, int mathCount, int k) {
 
 const std::int16_t* glyphRecord(const AlphabetSlot& slot, int ordinal) {
   if (ordinal <= kBlankOrdinal || ordinal > slot.alphaCount) return nullptr;
+  if (slot.alphaStarts) return slot.alphaIndex + slot.alphaStarts[ordinal - 2];
   const std::int16_t* record = slot.alphaIndex;
   for (int k = 2; k < ordinal; ++k) record += record[0];
   return record;
@@ -178,6 +244,21 @@ float recordWidth(const AlphabetSlot& slot, const std::int16_t* record, float un
   return width;
 }
 
+GlyphHeights recordHeights(const AlphabetSlot& slot, const std::int16_t* record, float unit) {
+  GlyphHeights h = {0.0F, 0.0F};
+  bool first = true;
+  for (int at = 1; at < record[0];) {
+    const StrokeEntry e = readEntry(record, &at, unit);
+    for (int i = 0; e.count > 1 && i < e.count; ++i) { // a stroke of one point only widens the glyph
+      const float y = pointAt(slot, e.start + i).y + e.dy;
+      h.low = first ? y : std::min(h.low, y);
+      h.high = first ? y : std::max(h.high, y);
+      first = false;
+    }
+  }
+  return h;
+}
+
 float glyphWidth(const PlotState* s, const AlphabetSlot& slot, const std::int16_t* record, float unit) {
   constexpr float kQuialfWidth = 6.0F;
   if (s->font.fontId == kQuialf && slot.alphaCoordBase == 0) return kQuialfWidth * s->textState.scaleX;
@@ -189,6 +270,8 @@ void drawGlyph(PlotState* s, const AlphabetSlot& slot, const std::int16_t* recor
   const float c = s->text.textCos, n = s->text.textSin, slant = s->text.charSlant;
   const float up = t.textUpShift + t.secondUpShift;
   const float cx = t.textCursorX - n * up, cy = t.textCursorY - c * up;
+  const bool filled = !slot.alphaPacked && s->text.shadeCharacters;
+  GlyphRings rings;
   for (int at = 1; at < record[0];) {
     const StrokeEntry e = readEntry(record, &at, unit);
     for (int i = 0; i < e.count; ++i) {
@@ -202,8 +285,11 @@ void drawGlyph(PlotState* s, const AlphabetSlot& slot, const std::int16_t* recor
       } else {
         pathDraw(s, x, y);
       }
+      if (filled && e.count > 1) rings.add(x, y);
     }
+    if (filled && e.count > 1) rings.close();
   }
+  if (filled) fillRings(s, rings.x, rings.y, rings.ends, rings.rings);
 }
 
 } // namespace quilla

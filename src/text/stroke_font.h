@@ -8,8 +8,9 @@
 namespace quilla {
 
 inline constexpr int kBlankOrdinal = 1;
-inline constexpr int kFirstCode = 32;        // ordinal = code - 31
 inline constexpr float kLineFontUnit = 0.5F; // unit of the offsets of shared strokes
+inline constexpr float kOutlineFontUnit = 2.0F;
+inline constexpr int kGlyphPolygonLimit = 200; // points of a filled glyph
 inline constexpr float kFixedSpacingCell = 1.4F;
 
 // Makes an alphabet (1 to 6) current and computes its scales and gap, if it is not the last one. With a PostScript font
@@ -28,6 +29,12 @@ const std::int16_t* glyphRecord(const AlphabetSlot& slot, int ordinal);
 
 // Largest x of the points of a record in design units; unit: that of the offsets.
 float recordWidth(const AlphabetSlot& slot, const std::int16_t* record, float unit);
+
+// Lowest and highest y of the points of a record in design units.
+struct GlyphHeights {
+  float low, high;
+};
+GlyphHeights recordHeights(const AlphabetSlot& slot, const std::int16_t* record, float unit);
 
 // Width in plot units in the alphabet now selected.
 float glyphWidth(const PlotState* s, const AlphabetSlot& slot, const std::int16_t* record, float unit);

@@ -5,7 +5,7 @@
 
 namespace quilla {
 
-// Installs a stroke font by its id (1 QUIALF, 3 COMPLX, 4 SIMPLX, 5 DUPLX); no level check.
+// Installs a stroke font by its FontId; no level check.
 void installFont(PlotState* s, int fontId);
 
 // Length of a text in plot units, as MESSAG would draw it.
@@ -32,7 +32,7 @@ int exponentText(const PlotState* s, double value, int digits, int format, char*
 
 // Texts of exponentText are drawn and measured between these two: exponents are on, and {D} is the multiplication sign.
 struct NumberMixing {
-  bool mixOn;
+  bool mixOn, texOn;
   int alphabetShiftCount;
   AlphabetShift first;
 };

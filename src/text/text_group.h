@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 namespace quilla {
 
@@ -11,12 +12,24 @@ inline constexpr int kTextCodeLimit = 256;
 inline constexpr int kShiftCount = 8;
 inline constexpr int kAlphabetShiftLimit = 6;
 inline constexpr int kFontNameLength = 80;
+inline constexpr int kFirstCode = 32;       // ordinal = code - 31
 inline constexpr int kCharWidthCount = 156; // codes 32 to 187
 inline constexpr int kTabCount = 20;
 inline constexpr int kCommandLength = 20;
 
 enum FontKind : int { kFontStroke = 0, kFontPostScript = 1, kFontWindows = 2, kFontBitmap = 3, kFontTrueType = 4 };
-enum FontId : int { kQuialf = 1, kComplx = 3, kSimplx = 4, kDuplx = 5, kGothic = 7 };
+enum FontId : int {
+  kQuialf = 1,
+  kComplx = 3,
+  kSimplx = 4,
+  kDuplx = 5,
+  kTriplx = 6,
+  kGothic = 7,
+  kHelve = 11,
+  kHelves = 12,
+  kHelvet = 13,
+  kSerif = 14
+};
 enum Alphabet : int {
   kAlphabetStandard = 1,
   kAlphabetGreek = 2,
@@ -36,6 +49,7 @@ enum Coding : int {
   kCodingUtf8,
   kCodingIsoGreek
 };
+enum FormulaBrackets : int { kBracketGlyph = 0, kBracketVector = 1 };
 enum NumberFormat : int { kNumberFloat = 0, kNumberExp = 1, kNumberFExp = 2, kNumberLog = 3, kNumberXExp = 4 };
 
 // One shift of SMXALF: the text between the two characters is in another alphabet.
@@ -72,7 +86,16 @@ struct TextGroup {
   int numberFormat = kNumberFloat;
   char decimalChar = '.', groupChar = 0, plusChar = 0;
   bool equalMode = false;
-  int psShiftFonts = 0; // PSMODE: 0 none, 1 Greek, 2 italic, 3 both
+  bool texOn = false;     // TEXMOD
+  bool texLimits = false; // limits of big operators above and below, in display style
+  bool texItalic = false; // letters between "$" in italic
+  int texBracket = kBracketGlyph;
+  float texExpFactor = 1.0F; // size of exponents and indices
+  // Brackets drawn by lines: overshoot above and below what they enclose, their length, and the width of all that grow.
+  float texH1Bracket = 1.0F, texH2Bracket = 1.0F, texVBracket = 1.0F, texWBracket = 1.0F;
+  float texOperator = 1.0F;     // size of big operators
+  bool shadeCharacters = false; // SHDCHA
+  int psShiftFonts = 0;         // PSMODE: 0 none, 1 Greek, 2 italic, 3 both
 };
 
 // One alphabet of a font: pointers into compiled tables.
@@ -80,6 +103,7 @@ struct AlphabetSlot {
   const std::int16_t* alphaX = nullptr; // packed: one word a point, low byte x, high byte y
   const std::int16_t* alphaY = nullptr; // equal to alphaX in packed form
   const std::int16_t* alphaIndex = nullptr;
+  const std::uint16_t* alphaStarts = nullptr; // places of the records; null: they are walked
   bool alphaPacked = true;
   int alphaCount = 0;
   int alphaIndexBase = 0, alphaCoordBase = 0; // 0: slot 1 or shares its tables
@@ -115,6 +139,14 @@ struct TextCommand {
   int length = 0;
 };
 
+struct TrueTypeFont;
+
+// Process lifetime.
+inline constexpr int kDirectoryLength = 255;
+struct LibrarySetup {
+  char libraryDirectory[kDirectoryLength + 1] = ""; // QUIENV; empty: none was given
+};
+
 // Working state of the walk over a text.
 struct TextState {
   float textCursorX = 0.0F, textCursorY = 0.0F; // baseline cursor, page origin included
@@ -122,7 +154,10 @@ struct TextState {
   float textStartX = 0.0F, textStartY = 0.0F;
   float textUpShift = 0.0F, secondUpShift = 0.0F;
   bool textMeasure = false;
-  float largestDistance = 0.0F; // of the right edge of a character from the start of the line
+  float lastWidth = 0.0F, lastGap = 0.0F; // of the last character
+  bool measureInk = false;                // the heights of characters are wanted too
+  float inkUp = 0.0F, inkDown = 0.0F;     // of the last character, above and below the baseline
+  float largestDistance = 0.0F;           // of the right edge of a character from the start of the line
   int lastSentToStan = -1;
   int lastAlphabet = 0; // whose scales are computed; 0: none
   bool italicFlag = false;
@@ -138,6 +173,7 @@ struct TextState {
   bool exponentSeen = false, indexSeen = false;
   int textCodes[kTextCodeLimit] = {};
   SymbolDrawer symbolDrawer = nullptr;
+  std::shared_ptr<TrueTypeFont> trueType; // of TTFONT
 };
 
 } // namespace quilla

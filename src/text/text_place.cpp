@@ -8,9 +8,11 @@
 #include "core/messages.h"
 #include "core/page.h"
 #include "core/pipeline.h"
+#include "core/shields.h"
 #include "device/sink.h"
 #include "quilla/quilla.h"
 #include "text/coding.h"
+#include "text/formula.h"
 #include "text/text.h"
 #include "text/text_walk.h"
 
@@ -29,10 +31,12 @@ struct TextBox {
 struct TextExtent {
   float length;
   bool exponents, indices;
+  float up, down; // of a formula, beyond the height of a line and below the baseline
 };
 
-// Measures count codes from the cursor's present place; the cursor and the fonts stay.
-TextExtent measure(PlotState* s, int count) {
+// Measures count codes from the cursor's present place; the cursor and the fonts stay. False after a message of the
+// formula mode.
+bool measure(PlotState* s, int count, TextExtent* extent) {
   TextState& t = s->textState;
   const float x = t.textCursorX, y = t.textCursorY, startX = t.textStartX, startY = t.textStartY;
   const FontGroup font = s->font;
@@ -40,15 +44,23 @@ TextExtent measure(PlotState* s, int count) {
   t.textStartX = t.textCursorX = 0.0F;
   t.textStartY = t.textCursorY = 0.0F;
   beginWalk(s);
-  walkText(s, count);
-  const TextExtent extent = {t.largestDistance, t.exponentSeen, t.indexSeen};
+  bool good = true;
+  if (s->text.texOn) {
+    FormulaExtent formula = {};
+    good = texLayout(s, count, true, &formula) == 0;
+    const float line = static_cast<float>(s->text.textHeight) - 1.0F;
+    *extent = {formula.width, false, false, std::max(0.0F, formula.up - line), formula.down};
+  } else {
+    walkText(s, count);
+    *extent = {t.largestDistance, t.exponentSeen, t.indexSeen, 0.0F, 0.0F};
+  }
   t.textMeasure = false;
   t.textCursorX = x;
   t.textCursorY = y;
   t.textStartX = startX;
   t.textStartY = startY;
   s->font = font;
-  return extent;
+  return good;
 }
 
 // Box of a text whose baseline starts at the text start, widened by margin on each side and grown by more.
@@ -57,8 +69,8 @@ TextBox boxAround(const PlotState* s, const TextExtent& extent, float more) {
   const float margin = (kTextBoxFactor - 1.0F) * h / 2.0F + more;
   const float reach = h * (s->text.mixExpShift + s->text.mixExpSize - 1.0F);
   const float left = -margin, right = extent.length + margin;
-  const float bottom = -margin - (extent.indices ? reach : 0.0F);
-  const float top = h - 1.0F + margin + (extent.exponents ? reach : 0.0F);
+  const float bottom = -margin - (extent.indices ? reach : 0.0F) - extent.down;
+  const float top = h - 1.0F + margin + (extent.exponents ? reach : 0.0F) + extent.up;
   const float us[4] = {left, right, right, left}, vs[4] = {bottom, bottom, top, top};
   TextBox box;
   for (int i = 0; i < 4; ++i) {
@@ -76,7 +88,7 @@ void fillBackground(PlotState* s, const TextExtent& extent) {
   }
   const int color = s->color.currentColor;
   setColor(s, s->text.textBackground);
-  fillPolygon(s, box.x, box.y, 4);
+  fillSolid(s, box.x, box.y, 4);
   setColor(s, color);
 }
 
@@ -89,6 +101,17 @@ void drawFrame(PlotState* s, const TextExtent& extent) {
     pathMove(s, box.x[3], box.y[3]);
     for (int k = 0; k < 4; ++k) pathDraw(s, box.x[k], box.y[k]);
   }
+}
+
+// Lines that are drawn later keep out of the box of a text (SHIELD "MESS").
+void shieldText(PlotState* s, const TextExtent& extent) {
+  const TextBox box = boxAround(s, extent, 0.0F);
+  const float width = std::hypot(box.x[1] - box.x[0], box.y[1] - box.y[0]);
+  const float height = std::hypot(box.x[3] - box.x[0], box.y[3] - box.y[0]);
+  const int angle = roundHalfUp(static_cast<float>(s->text.textAngle % 360) * kDegToRad * 1000.0F);
+  const int data[] = {roundHalfUp(box.x[3]), roundHalfUp(box.y[3]), roundHalfUp(width), roundHalfUp(height), angle};
+  const bool upright = angle == 0;
+  addShield(s, upright ? kShieldRectangle : kShieldTurned, kShieldMessages, std::span(data).first(upright ? 4 : 5));
 }
 
 void warnOutOfPage(PlotState* s, const char* what, int x, int y) {
@@ -119,25 +142,57 @@ void placeCursor(PlotState* s, int x, int y) {
 
 } // namespace
 
-int textLength(PlotState* s, const char* text) {
+namespace {
+
+// Length of a text; false if there is nothing to draw.
+bool lengthOf(PlotState* s, const char* text, int* length) {
+  *length = 0;
   const int count = decodeText(s, text);
-  if (count == 0) return 0;
-  return roundHalfUp(measure(s, count).length);
+  TextExtent extent;
+  if (count == 0 || !measure(s, count, &extent)) return false;
+  *length = roundHalfUp(extent.length);
+  return true;
+}
+
+// Draws a formula that has been measured, and moves the cursor behind it.
+void drawMeasuredFormula(PlotState* s, int count) {
+  TextState& t = s->textState;
+  FormulaExtent extent = {};
+  texLayout(s, count, false, &extent);
+  t.textCursorX = t.textStartX;
+  t.textCursorY = t.textStartY;
+  t.gap = extent.gap;
+  moveForward(s, extent.width + extent.gap);
+}
+
+} // namespace
+
+int textLength(PlotState* s, const char* text) {
+  int length;
+  lengthOf(s, text, &length);
+  return length;
 }
 
 void textAt(PlotState* s, const char* text, int x, int y) {
   const int count = decodeText(s, text);
   if (count == 0) return;
+  TextExtent extent = {};
+  const bool shielded = s->shield.shieldAreaOn[kShieldMessages - 1];
+  const bool boxed = s->text.textBackground >= 0 || s->text.textBoxFrame != 0 || shielded;
+  if ((s->text.texOn || boxed) && !measure(s, count, &extent)) return;
   placeCursor(s, x, y);
-  TextExtent extent = {0.0F, false, false};
-  if (s->text.textBackground >= 0 || s->text.textBoxFrame != 0) extent = measure(s, count);
   if (s->text.textBackground >= 0) fillBackground(s, extent);
   beginWalk(s);
-  walkText(s, count);
+  if (s->text.texOn) {
+    drawMeasuredFormula(s, count);
+  } else {
+    walkText(s, count);
+  }
   const TextState& t = s->textState;
   warnOutOfPage(s, "Endpoint", roundHalfUp(t.textCursorX - t.gap * s->text.textCos),
                 roundHalfUp(t.textCursorY + t.gap * s->text.textSin));
   if (s->text.textBoxFrame != 0) drawFrame(s, extent);
+  if (shielded) shieldText(s, extent);
 }
 
 void textAtWith(PlotState* s, const char* text, int x, int y, int angle, int height) {
@@ -155,7 +210,8 @@ void placeText(PlotState* s, const char* text, int x, int y) {
     return;
   }
   const TextGroup& g = s->text;
-  const int length = g.textJustifyX == 0 ? 0 : textLength(s, text);
+  int length = 0;
+  if (g.textJustifyX != 0 && !lengthOf(s, text, &length)) return;
   const float dx = static_cast<float>(g.textJustifyX == 0 ? 0 : g.textJustifyX == 1 ? length / 2 : length);
   const float dy = static_cast<float>(g.textJustifyY == 0 ? 0 : g.textJustifyY == 1 ? g.textHeight / 2 : g.textHeight);
   const float fx = static_cast<float>(x), fy = static_cast<float>(userY(s, y));

@@ -7,6 +7,7 @@
 #include "core/pipeline.h"
 #include "device/sink.h"
 #include "quilla/quilla.h"
+#include "text/coding.h"
 #include "text/text.h"
 
 namespace quilla {
@@ -64,6 +65,18 @@ void QUIALF() { chooseFont("quialf", kQuialf); }
 void SIMPLX() { chooseFont("simplx", kSimplx); }
 void COMPLX() { chooseFont("complx", kComplx); }
 void DUPLX() { chooseFont("duplx", kDuplx); }
+void TRIPLX() { chooseFont("triplx", kTriplx); }
+void GOTHIC() { chooseFont("gothic", kGothic); }
+
+void HELVE() { chooseFont("helve", kHelve); }
+void HELVES() { chooseFont("helves", kHelves); }
+void HELVET() { chooseFont("helvet", kHelvet); }
+void SERIF() { chooseFont("serif", kSerif); }
+
+void SHDCHA() {
+  PlotState* s = setterCheck("shdcha");
+  if (s) s->text.shadeCharacters = true;
+}
 
 void HEIGHT(int height) {
   PlotState* s = strictCheck(kLevelPlot, kLevelAxis3D, "height");
@@ -201,6 +214,39 @@ void EUSHFT(const char* set, const char* character) {
   }
   text.shiftChars[key - 1] = code;
   text.shiftCharsOn = true;
+}
+
+void CHACOD(const char* coding) {
+  PlotState* s = setterCheck("chacod");
+  if (!s) return;
+  const int key = matchKeyword(s, "STAN+ISO1+ISO2+ISO3+ISO5+KOI8+UTF8+ISO7", 8, coding);
+  if (key != 0) s->text.coding = key - 1;
+}
+
+int UTFINT(const char* text, int* codes, int size) {
+  PlotState* s = strictCheck(kLevelNone, kLevelAxis3D, "utfint");
+  if (!s || !text || (size > 0 && !codes)) return 0;
+  const int count = decodeUtf8(text, codes, size);
+  if (count < 0) warnUtf(s, count);
+  return count;
+}
+
+int INTUTF(const int* codes, int count, char* text, int size) {
+  PlotState* s = strictCheck(kLevelNone, kLevelAxis3D, "intutf");
+  if (!s || !text) return 0;
+  int length = 0;
+  for (int i = 0; i < count; ++i) {
+    char bytes[kUtfBytes];
+    const int more = encodeUtf8(codes[i], bytes);
+    const int fault = more == 0 ? kUtfTooBig : length > size - more ? kUtfNoRoom : 0;
+    if (fault != 0) {
+      warnUtf(s, fault);
+      return fault == kUtfTooBig ? -1 : -2;
+    }
+    for (int k = 0; k < more; ++k) text[length++] = bytes[k];
+  }
+  if (length < size) text[length] = '\0';
+  return length;
 }
 
 void FRMESS(int thickness) {

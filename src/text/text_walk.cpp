@@ -2,6 +2,7 @@
 #include "text/text_walk.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "core/colors.h"
 #include "core/page.h"
@@ -12,13 +13,13 @@
 #include "text/driver_fonts.h"
 #include "text/instructions.h"
 #include "text/stroke_font.h"
+#include "text/truetype_text.h"
 
 namespace quilla {
 namespace {
 
 constexpr int kDevicePdf = 511;
 constexpr int kLastDriverCode = 186;
-constexpr int kDriverCopyright = 187;
 
 // True if the character is drawn in the driver's font.
 bool byDriver(const PlotState* s, int alphabet) {
@@ -52,14 +53,40 @@ float fixedCell(const PlotState* s) {
 void advance(PlotState* s, float width, float gap) {
   TextState& t = s->textState;
   t.largestDistance = std::max(t.largestDistance, lineDistance(s) + width);
-  t.gap = gap;
+  t.gap = t.lastGap = gap;
+  t.lastWidth = width;
   moveForward(s, width + gap);
+}
+
+// Heights of the characters of driver fonts, whose outlines are not known here, by their kind.
+void estimateInk(PlotState* s, int code) {
+  constexpr float kXHeight = 0.7F, kDescender = 0.3F, kBracketUp = 1.05F;
+  TextState& t = s->textState;
+  const float h = static_cast<float>(s->text.textHeight) - 1.0F;
+  const char c = code < 127 ? static_cast<char>(code) : 'A';
+  t.inkUp = std::strchr("acegmnopqrsuvwxyz", c) ? kXHeight * h : h;
+  t.inkDown = std::strchr("gjpqy", c) ? kDescender * h : 0.0F;
+  if (std::strchr("()[]{}|/", c)) {
+    t.inkUp = kBracketUp * h;
+    t.inkDown = kDescender * h;
+  }
+  if (c == ' ') t.inkUp = t.inkDown = 0.0F;
+}
+
+// Heights of a stroke glyph.
+void measureStrokes(PlotState* s, const AlphabetSlot& slot, const std::int16_t* record, float unit) {
+  TextState& t = s->textState;
+  t.inkUp = t.inkDown = 0.0F;
+  if (!record) return;
+  const GlyphHeights heights = recordHeights(slot, record, unit);
+  t.inkUp = heights.high * t.scaleY;
+  t.inkDown = -heights.low * t.scaleY;
 }
 
 void driverCharacter(PlotState* s, int code) {
   TextState& t = s->textState;
   if (code == kCopyrightCode) {
-    code = kDriverCopyright;
+    code = kDriverCopyrightCode;
   } else if (code > kLastDriverCode) {
     code = ' ';
   }
@@ -68,6 +95,7 @@ void driverCharacter(PlotState* s, int code) {
   const float width = static_cast<float>(s->font.charWidths[code - kFirstCode]) / kWidthUnits * h *
                       kPointsPerTenthMillimetre * (1000.0F / static_cast<float>(s->font.fontCapHeight)) *
                       s->text.charWidthFactor;
+  if (t.measureInk) estimateInk(s, code);
   const bool fixed = s->text.fixedSpacingOn;
   const float cell = fixed ? fixedCell(s) : width;
   if (!t.textMeasure) {
@@ -77,10 +105,17 @@ void driverCharacter(PlotState* s, int code) {
     glyph.x = t.textCursorX + s->text.textCos * inset - s->text.textSin * up;
     glyph.y = t.textCursorY - s->text.textSin * inset - s->text.textCos * up;
     glyph.advance = width;
-    glyph.angle = s->text.textAngle;
+    glyph.angle = s->text.textAngle % 360;
     qqglyph(s, glyph);
   }
   advance(s, cell, h * (fixed ? s->text.charSpacing : s->text.charSpacing + kDriverGap));
+}
+
+void trueTypeCharacter(PlotState* s, int code) {
+  constexpr float kOutlineGap = 0.18F;
+  const float h = static_cast<float>(s->text.textHeight);
+  const float width = drawOutlineGlyph(s, code, fixedCell(s));
+  advance(s, width, h * (s->text.fixedSpacingOn ? s->text.charSpacing : s->text.charSpacing + kOutlineGap));
 }
 
 // Alphabet 4 of fonts that share slot 1's tables there is slot 1, slanted.
@@ -109,12 +144,13 @@ void strokeCharacter(PlotState* s, int alphabet, int ordinal) {
 
   const AlphabetSlot& slot = s->font.slots[s->font.currentAlphabet - 1];
   const std::int16_t* record = glyphRecord(slot, choice.ordinal);
-  const float width =
-      record ? glyphWidth(s, slot, record, kLineFontUnit) : static_cast<float>(s->font.blankWidth) * t.scaleX;
+  const float unit = slot.alphaPacked ? kLineFontUnit : kOutlineFontUnit;
+  const float width = record ? glyphWidth(s, slot, record, unit) : static_cast<float>(s->font.blankWidth) * t.scaleX;
+  if (t.measureInk) measureStrokes(s, slot, record, unit);
   const float cell = s->text.fixedSpacingOn ? fixedCell(s) : width;
   const float before = (cell - width) / 2.0F;
   moveForward(s, before);
-  if (record && !t.textMeasure) drawGlyph(s, slot, record, kLineFontUnit);
+  if (record && !t.textMeasure) drawGlyph(s, slot, record, unit);
   moveForward(s, -before);
   advance(s, cell, t.gap);
 }
@@ -124,6 +160,8 @@ void drawCharacter(PlotState* s, int code) {
   TextState& t = s->textState;
   int alphabet = t.textAlphabet;
   setAlphabet(s, alphabet);
+  if (s->font.fontKind == kFontTrueType && s->textState.trueType && alphabet == kAlphabetStandard)
+    return trueTypeCharacter(s, code);
   const PrivateCode mapped = mapToGlyph(s, code);
   code = mapped.code;
   if (mapped.alphabet != 0) alphabet = mapped.alphabet;
@@ -265,23 +303,50 @@ void beginWalk(PlotState* s) {
   t.exponentSeen = t.indexSeen = false;
 }
 
-void walkText(PlotState* s, int count) {
-  TextState& t = s->textState;
-  const TextGroup routine = s->text;
+WalkSettings beginSettings(PlotState* s) {
   saveDriverFont(s);
-  for (int i = 0; i < count; ++i) {
-    const int code = t.textCodes[i];
-    if (takeMixCharacter(s, code) || takeAlphabetShift(s, code)) continue;
-    drawCharacter(s, code);
-  }
-  mixBack(s);
-  changeHeight(s, routine.textHeight);
-  changeWidthFactor(s, routine.charWidthFactor);
-  s->text = routine;
+  return {s->text};
+}
+
+void endSettings(PlotState* s, const WalkSettings& saved) {
+  TextState& t = s->textState;
+  changeHeight(s, saved.text.textHeight);
+  changeWidthFactor(s, saved.text.charWidthFactor);
+  s->text = saved.text;
   if (!t.textMeasure && s->color.currentColor != t.originalColor) setColor(s, t.originalColor);
   restoreDriverFont(s);
   t.lastAlphabet = 0;
   s->font.currentAlphabet = s->font.baseAlphabet;
+}
+
+void walkText(PlotState* s, int count) {
+  const WalkSettings saved = beginSettings(s);
+  for (int i = 0; i < count; ++i) {
+    const int code = s->textState.textCodes[i];
+    if (takeMixCharacter(s, code) || takeAlphabetShift(s, code)) continue;
+    drawCharacter(s, code);
+  }
+  mixBack(s);
+  endSettings(s, saved);
+}
+
+void drawTextCharacter(PlotState* s, int alphabet, int code) {
+  s->textState.textAlphabet = alphabet;
+  s->textState.lastSentToStan = -1;
+  drawCharacter(s, code);
+}
+
+CharacterExtent measureCharacter(PlotState* s, int alphabet, int code) {
+  TextState& t = s->textState;
+  const bool measuring = t.textMeasure;
+  const float x = t.textCursorX, y = t.textCursorY;
+  t.textMeasure = t.measureInk = true;
+  drawTextCharacter(s, alphabet, code);
+  t.measureInk = false;
+  t.textMeasure = measuring;
+  t.textCursorX = x;
+  t.textCursorY = y;
+  return {t.lastWidth, t.lastGap, t.inkUp, t.inkDown, t.italicFlag ? t.inkUp / s->font.italicSlant : 0.0F};
 }
 
 } // namespace quilla

@@ -12,6 +12,22 @@ void beginWalk(PlotState* s);
 // those of the caller again afterwards.
 void walkText(PlotState* s, int count);
 
+// Extent of one character with the settings of the moment; up and down count from the baseline.
+struct CharacterExtent {
+  float width, gap, up, down;
+  float lean; // by which the top of a slanted character stands right of its foot
+};
+CharacterExtent measureCharacter(PlotState* s, int alphabet, int code);
+// Draws one character of an alphabet at the cursor.
+void drawTextCharacter(PlotState* s, int alphabet, int code);
+
+// The settings that a text can change within itself: kept before it, brought back after it.
+struct WalkSettings {
+  TextGroup text;
+};
+WalkSettings beginSettings(PlotState* s);
+void endSettings(PlotState* s, const WalkSettings& saved);
+
 // Moves of the cursor in the text's own directions.
 void moveForward(PlotState* s, float distance);
 void moveUp(PlotState* s, float distance);

@@ -17,11 +17,14 @@ ROOT = HERE.parent.parent
 RESOLUTION = 75
 THRESHOLD = 64
 
-# Script, plot file it writes, pixels that may differ (anti-aliasing of another version of the renderer).
-PICTURES = [
-    ("examples/first_plot.qsl", "first_plot.pdf", 150),
-    ("examples/one_line.qsl", "one_line.pdf", 150),
-]
+BOUND = 150  # pixels that may differ: anti-aliasing of another version of the renderer
+
+
+def pictures():
+    """Scripts and the plot files that they write."""
+    scripts = ["examples/first_plot.qsl", "examples/one_line.qsl"]
+    scripts += sorted(str(path.relative_to(ROOT)) for path in (ROOT / "examples" / "gallery").glob("*.qsl"))
+    return [(script, pathlib.Path(script).stem + ".pdf") for script in scripts]
 
 
 def read_pnm(path):
@@ -68,7 +71,7 @@ def main():
     program = str(pathlib.Path(sys.argv[1]).resolve())
     store = "--store" in sys.argv
     passed = failed = 0
-    for script, plot, bound in PICTURES:
+    for script, plot in pictures():
         with tempfile.TemporaryDirectory() as name:
             folder = pathlib.Path(name)
             picture = render(program, script, plot, folder)
@@ -79,11 +82,11 @@ def main():
                 continue
             unpack(stored, folder / "stored.pgm")
             count = differing(picture, folder / "stored.pgm")
-            if count <= bound:
+            if count <= BOUND:
                 passed += 1
             else:
                 failed += 1
-                print(f"{script}: {count} pixels differ, {bound} allowed")
+                print(f"{script}: {count} pixels differ, {BOUND} allowed")
     print(f"{passed} passed, {failed} failed")
     return 1 if failed else 0
 

@@ -2,13 +2,12 @@
 
 from . import mathematics, quialf
 from .hershey import extent, flush_left, load, move, shape
-from .letters import (CAP, COMPLEX, FIRST_PRIVATE, PRIVATE, SINGLE, CIRCLE_5, CIRCLE_10, Accents, circle, dotless, doubled, half_turn, scaled)
+from .letters import (CAP, COMPLEX, FIRST_PRIVATE, PRIVATE, SINGLE, TRIPLE, CIRCLE_5, CIRCLE_10, Accents, circle, dotless, doubled, half_turn, scaled)
 from .tables import Points, index_of
 
 ASCII = [chr(c) for c in range(33, 127)]
 SHORT_LAST = 163  # last code of the fonts of 132 glyphs
 GREEK_ALPHABET = "ABCDEZHQIKLMNXOPRSTYFGUW"  # keys in the order of the Greek alphabet; C gamma, G chi, U psi, Y upsilon
-GREEK_ALPHABET = "ABCDEZHQIKLMNXOPRSTYFGUW"
 DIGIT_WIDTH = 14
 
 
@@ -57,31 +56,46 @@ def germandbls():
                  [(5, 12), (8, 12), (10, 11), (11, 10), (12, 7), (12, 5), (11, 2), (9, 0), (6, 0), (4, 1)])
 
 
+def germandbls_complex(strokes):
+    """With 2 or 3 lines in the stems."""
+    three = strokes == 3
+    return shape(
+        [(3, 0), (3, 16), (4, 19), (5, 20), (7, 21), (9, 21), (11, 20), (12, 18), (12, 16), (11, 14), (8, 12)],
+        [(0, 0), (5 if three else 4, 0)], [(4, 0), (4, 16), (5, 19), (7, 21)],
+        [(9, 21), (10, 20), (11, 18), (11, 16), (10, 14), (8, 12)],
+        [(8, 12), (11, 11), (13, 10), (14, 8), (14, 4), (13, 2), (12, 1), (10, 0), (8, 0), (7, 1), (7, 2), (8, 3)],
+        [(8, 12), (10, 11), (12, 10), (13, 8), (13, 4), (12, 2), (10, 0)],
+        *([[(5, 0), (5, 16), (6, 19), (7, 21)], [(9, 21), (12, 20), (13, 18), (13, 16), (12, 14), (8, 12)],
+           [(8, 12), (12, 11), (14, 10), (15, 8), (15, 4), (14, 2), (12, 1)]] if three else []))
+
+
+def ae_complex(strokes):
+    """With 2 or 3 lines in the stem."""
+    third = strokes - 2
+    return shape([(12, 21), (3, 0)], [(0, 0), (6, 0)], [(5, 6), (13, 6)],
+                 *[[(x, 21), (x, 0)] for x in range(13, 13 + strokes)],
+                 [(10, 21), (24 + third, 21), (24 + third, 15), (23 + third, 21)], [(12 + strokes, 11), (20 + third, 11)],
+                 [(20 + third, 15), (20 + third, 7)], [(10, 0), (24 + third, 0), (24 + third, 6), (23 + third, 0)])
+
+
 def sloped_bar(strokes, rise):
     x0, x1, y0, y1 = extent(strokes)
     return [[(x0 - 2, y0 - rise), (x1 + 2, y1 + rise)]]
 
 
 def special_signs(font, name):
-    """Signs that are no letter with an accent. name: simple, double or complex."""
-    pair = doubled if name == "double" else (lambda s: s)
+    """Signs that are no letter with an accent. name: simple, double, complex or triple."""
+    pair = doubled if name in ("double", "triple") else (lambda s: s)
     font["Oslash"] = flush_left(font["O"] + pair(sloped_bar(font["O"], 4)))
     font["oslash"] = flush_left(font["o"] + pair(sloped_bar(font["o"], 4)))
-    if name == "complex":
-        font["germandbls"] = shape(
-            [(3, 0), (3, 16), (4, 19), (5, 20), (7, 21), (9, 21), (11, 20), (12, 18), (12, 16), (11, 14), (8, 12)],
-            [(0, 0), (4, 0), (4, 16), (5, 19), (7, 21)],
-            [(9, 21), (10, 20), (11, 18), (11, 16), (10, 14), (8, 12)],
-            [(8, 12), (11, 11), (13, 10), (14, 8), (14, 4), (13, 2), (12, 1), (10, 0), (8, 0), (7, 1), (7, 2), (8, 3)],
-            [(8, 12), (10, 11), (12, 10), (13, 8), (13, 4), (12, 2), (10, 0)])
-        font["AE"] = shape([(12, 21), (3, 0)], [(0, 0), (6, 0)], [(5, 6), (13, 6)], [(13, 21), (13, 0)], [(14, 21), (14, 0)],
-                           [(10, 21), (24, 21), (24, 15), (23, 21)], [(14, 11), (20, 11)], [(20, 15), (20, 7)],
-                           [(10, 0), (24, 0), (24, 6), (23, 0)])
+    if name in ("complex", "triple"):
+        lines = 2 if name == "complex" else 3
+        font["germandbls"], font["AE"] = germandbls_complex(lines), ae_complex(lines)
     else:
         font["germandbls"] = pair(germandbls())
         font["AE"] = pair(shape([(0, 0), (11, 21), (23, 21)], [(12, 21), (12, 0), (23, 0)], [(3, 6), (12, 6)], [(12, 11), (20, 11)]))
     a, e = font["a"], font["e"]
-    font["ae"] = a + move(e, extent(a)[1] - {"simple": 0, "double": 2, "complex": 8}[name])
+    font["ae"] = a + move(e, extent(a)[1] - {"simple": 0, "double": 2, "complex": 8, "triple": 8}[name])
     font["dotlessi"] = dotless(font["i"])
 
 
@@ -162,6 +176,74 @@ def complx():
     points = Points()
     latin = index_of(points, latin_glyphs(font, half_units(COMPLEX), 264))
     return [("kComplxPoints", points.words), ("kComplxIndex", latin)]
+
+
+def triplx():
+    font = load("rowmant")
+    place_digits(font, {"1": 3, "4": -1})
+    for sign, narrower in (("+", 3), ("=", 2), ("-", 4)):
+        font[sign] = narrowed(font[sign], narrower)
+    font["^"] = shape([(0, 14), (6, 22), (12, 14)], [(0, 14), (6, 21), (12, 14)], [(0, 14), (6, 20), (12, 14)])
+    font["_"] = doubled(shape([(0, -3), (14, -3)]), 0, 2)
+    for sign in "\\<>#%@|{}":
+        font[sign] = doubled(font[sign])
+    font["~"] = doubled(font["~"], 0, 2)
+    special_signs(font, "triple")
+    points = Points()
+    latin = index_of(points, latin_glyphs(font, half_units(TRIPLE), SHORT_LAST))
+    return [("kTriplxPoints", points.words), ("kTriplxIndex", latin)]
+
+
+def narrowed(strokes, units):
+    """A sign of straight lines made narrower about its middle."""
+    middle = extent(strokes)[1] / 2
+
+    def moved(x):
+        return x - 2 * units if x > middle + 2 else x - units // 2 * 2 if abs(x - middle) <= 2 else x
+    return [[(moved(x), y) for x, y in s] for s in strokes]
+
+
+def blackletter_letters(name):
+    font = load(name)
+    return font, [font[k] for k in LETTER_KEYS]
+
+
+def gothic():
+    """English in slot 1, Italian in slot 4, German with its umlauts in slot 5."""
+    font = load("gothiceng")
+    for sign, narrower in (("+", 3), ("=", 2)):
+        font[sign] = narrowed(font[sign], narrower)
+    font["-"] = doubled(shape([(0, 9), (12, 9)]), 0, 2)
+    font["^"] = shape([(0, 14), (6, 22), (12, 14)], [(0, 14), (6, 21), (12, 14)])
+    font["_"] = doubled(shape([(0, -3), (14, -3)]), 0, 2)
+    for sign in "#%@\\<>|{}":
+        font[sign] = doubled(font[sign])
+    font["~"] = doubled(font["~"], 0, 2)
+    for digit in "0123456789":  # the set's digits are of many widths
+        font[digit] = centred(font[digit], GOTHIC_DIGIT_WIDTH)
+    latin = Points()
+    tables = [("kGothicPoints", latin.words), ("kGothicIndex", index_of(latin, [font[c] for c in ASCII]))]
+    italian = Points()
+    letters = blackletter_letters("gothicita")[1]
+    tables += [("kGothicItalianPoints", italian.words), ("kGothicItalianIndex", index_of(italian, letters))]
+    font, letters = blackletter_letters("gothicger")
+    dots = Accents({}, font).marks["dieresis"]
+    for letter in "AOUaou":
+        x0, x1, _, y1 = extent(font[letter])
+        letters.append(flush_left(font[letter] + move(dots, (x0 + x1) // 4 * 2, y1 + 4)))
+    long_s, z = font["s"], font["z"]
+    letters.append(long_s + move(z, extent(long_s)[1] - 10))
+    german = Points()
+    return tables + [("kGothicGermanPoints", german.words), ("kGothicGermanIndex", index_of(german, letters))]
+
+
+GOTHIC_DIGIT_WIDTH = 16
+
+
+def centred(strokes, width):
+    """Strokes in a cell of the width; a stroke of one point widens it without a line."""
+    placed = move(strokes, (2 * width - extent(strokes)[1]) // 4 * 2)
+    return placed if extent(placed)[1] == 2 * width else placed + [[(2 * width, 0)]]
 
 
 def sheared(strokes):
@@ -300,6 +382,6 @@ def italic_tables():
 
 
 def all_tables():
-    return {"quialf": quialf_tables(), "simplx": simplx(), "duplx": duplx(), "complx": complx(), "greek": greek_tables(),
+    return {"quialf": quialf_tables(), "simplx": simplx(), "duplx": duplx(), "complx": complx(), "triplx": triplx(), "gothic": gothic(), "greek": greek_tables(),
             "mathematics": mathematics_tables(), "script": script_tables(), "cyrillic": cyrillic_tables(),
             "italic": italic_tables()}

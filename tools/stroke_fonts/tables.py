@@ -46,7 +46,16 @@ def index_of(points, glyphs):
     return words
 
 
-def _array(name, words):
+def _starts(words):
+    """Places of the records in an index."""
+    starts, at = [], 0
+    while at < len(words):
+        starts.append(at)
+        at += words[at]
+    return starts
+
+
+def _array(name, words, kind="int16_t"):
     lines, line = [], " "
     for w in words:
         item = f" {w},"
@@ -55,7 +64,7 @@ def _array(name, words):
             line = " "
         line += item
     lines.append(line)
-    return f"const std::int16_t {name}[{len(words)}] = {{\n" + "\n".join(lines) + "\n};\n"
+    return f"const std::{kind} {name}[{len(words)}] = {{\n" + "\n".join(lines) + "\n};\n"
 
 
 def write_tables(path, name, tables):
@@ -65,4 +74,6 @@ def write_tables(path, name, tables):
         out.write('#include "text/stroke_tables.h"\n\nnamespace quilla {\n\n// clang-format off\n')
         for array_name, words in tables:
             out.write(_array(array_name, words) + "\n")
+            if array_name.endswith("Index"):
+                out.write(_array(array_name[:-5] + "Starts", _starts(words), "uint16_t") + "\n")
         out.write("// clang-format on\n\n} // namespace quilla\n")

@@ -1,7 +1,9 @@
 #include "core/colors.h"
 
+#include <algorithm>
 #include <cmath>
 
+#include "device/sink.h"
 #include "plot_fixture.h"
 
 using namespace quilla;
@@ -138,6 +140,98 @@ TEST_F(Colors, HueSaturationValue) {
       EXPECT_NEAR(std::fmod(h, 360.0F), std::fmod(c.h, 360.0F), 1e-3);
     }
   }
+}
+
+constexpr const char* kTables[] = {"SMAL", "RAIN", "SPEC", "GREY", "RRAI", "RSPE", "RGRE", "VGA", "TEMP"};
+
+int shown(const PlotState* s, int color) {
+  int r = 0, g = 0, b = 0;
+  colorComponents(s, color, r, g, b);
+  return r << 16 | g << 8 | b;
+}
+
+struct GroundCase {
+  int device, depth;
+};
+
+// On white paper the foreground is black and the background white, whatever the table. The page of an indexed raster
+// is entry 0.
+TEST_F(Colors, GroundOfPaper) {
+  const GroundCase papers[] = {{501, 24}, {502, 24}, {503, 24}, {504, 24}, {511, 24}, {211, 24}, {221, 24}, {231, 24},
+                               {801, 24}, {802, 24}, {601, 8},  {604, 24}, {607, 8},  {80, 24},  {72, 8}};
+  open();
+  PlotState* s = state();
+  const int device = s->deviceSetup.deviceNumber;
+  for (const GroundCase& paper : papers) {
+    s->colorState.backgroundMode = kBackgroundReverse;
+    for (int kind = kTableSmall; kind <= kTableTemperature; kind++) {
+      s->device.colourDepth = paper.depth;
+      s->deviceSetup.deviceNumber = paper.device;
+      loadColorTable(s, kind);
+      int page = paper.depth == 8 ? s->color.colorTable[0] : 0xFFFFFF;
+      EXPECT_EQ(shown(s, s->color.backgroundColor), page) << paper.device << " " << kTables[kind];
+      EXPECT_EQ(shown(s, s->color.foregroundColor), page ^ 0xFFFFFF) << paper.device << " " << kTables[kind];
+      EXPECT_EQ(s->color.currentColor, s->color.foregroundColor);
+    }
+  }
+  s->deviceSetup.deviceNumber = device;
+}
+
+// On a screen that is not reversed the foreground stands out against the background, light on dark or dark on light.
+TEST_F(Colors, GroundOfScreens) {
+  const GroundCase screens[] = {{80, 24}, {72, 8}, {601, 8}, {604, 24}, {502, 24}, {511, 24}, {801, 24}};
+  open();
+  PlotState* s = state();
+  s->colorState.backgroundMode = kBackgroundErase;
+  for (const GroundCase& screen : screens) {
+    for (int kind = kTableSmall; kind <= kTableTemperature; kind++) {
+      s->device.colourDepth = screen.depth;
+      s->deviceSetup.deviceNumber = screen.device;
+      loadColorTable(s, kind);
+      int fore = shown(s, s->color.foregroundColor), back = shown(s, s->color.backgroundColor);
+      EXPECT_EQ(fore ^ back, 0xFFFFFF) << screen.device << " " << kTables[kind];
+      bool reversedTable = kind >= kTableReverseRain && kind <= kTableReverseGrey;
+      EXPECT_EQ(back, reversedTable && screen.depth == 8 ? 0xFFFFFF : 0x000000)
+          << screen.device << " " << kTables[kind];
+    }
+  }
+  s->deviceSetup.deviceNumber = 511;
+}
+
+TEST_F(Colors, TableFiles) {
+  open("PSCL");
+  SETVLT("VGA");
+  SETVLT("RAIN");
+  SETIND(77, 0.2F, 0.4F, 0.6F);
+  std::vector<int> table(state()->color.colorTable, state()->color.colorTable + 256);
+  VLTFIL("table.txt", "SAVE");
+  VLTFIL("table.txt", "SAVE"); // a new version, as for plot files
+  auto lines = linesOf("table.txt");
+  ASSERT_EQ(lines.size(), 256U);
+  EXPECT_EQ(lines[77], "  0.200000  0.400000  0.600000");
+  EXPECT_TRUE(std::filesystem::exists("table_1.txt"));
+  SETVLT("GREY");
+  VLTFIL("table.txt", "LOAD");
+  EXPECT_TRUE(std::equal(table.begin(), table.end(), state()->color.colorTable));
+  EXPECT_EQ(outputOf([] { VLTFIL("missing.txt", "LOAD"); }),
+            " <<<< Warning 36: File error in vltfil!   (missing.txt)\n");
+  std::ofstream("bad.txt") << "0.5 0.5 0.5\nword\n2 0 0\n1,1,1\n";
+  EXPECT_EQ(outputOf([] { VLTFIL("bad.txt", "LOAD"); }), " <<<< Warning 2: Incorrect parameter in setind!\n");
+  EXPECT_EQ(state()->color.colorTable[0], 0x808080);
+  EXPECT_EQ(state()->color.colorTable[3], 0xFFFFFF);
+  EXPECT_STREQ(state()->color.tableFile, "bad.txt");
+}
+
+TEST_F(Colors, IndicesCountModulo256) {
+  open("PSCL");
+  SETCLR(300);
+  float r = 0, g = 0, b = 0, r2 = 1, g2 = 1, b2 = 1;
+  GETRGB(&r, &g, &b);
+  GETIND(44, &r2, &g2, &b2);
+  EXPECT_EQ(r, r2);
+  EXPECT_EQ(g, g2);
+  EXPECT_EQ(b, b2);
+  EXPECT_EQ(GETCLR(), 300);
 }
 
 } // namespace

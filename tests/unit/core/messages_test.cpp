@@ -136,4 +136,107 @@ TEST_F(Messages, Protocol) {
                      "\n <<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<<\n\n");
 }
 
+TEST_F(Messages, EveryText) {
+  // A sample over the table's length, and both of its ends.
+  const std::pair<int, const char*> texts[] = {{1, "Negative parameter"},
+                                               {3, "Incorrect level"},
+                                               {9, "Step equal zero"},
+                                               {13, "Linear scaling must be used"},
+                                               {26, "Too many intersections"},
+                                               {36, "File error"},
+                                               {47, "Blanking buffer overflow"},
+                                               {53, "Not enough memory"},
+                                               {57, "Control characters must be different"},
+                                               {58, "Array is out of screen"},
+                                               {59, " "},
+                                               {100, " "}};
+  for (auto [number, text] : texts) {
+    EXPECT_EQ(outputOf([&, n = number] { warnPlain(state(), n); }),
+              " <<<< Warning " + std::to_string(number) + ": " + text + " in !\n");
+  }
+}
+
+TEST_F(Messages, UnitOfMessages) {
+  open();
+  EXPECT_EQ(GETUNI(), stdout);
+  FILE* file = fopen("own.txt", "w");
+  UNIT(file);
+  EXPECT_EQ(GETUNI(), file);
+  SETCLR(-3);
+  RESET("UNIT");
+  EXPECT_EQ(GETUNI(), stdout);
+  fclose(file);
+  UNIT(nullptr);
+  EXPECT_EQ(GETUNI(), nullptr);
+  EXPECT_EQ(linesOf("own.txt"), std::vector<std::string>{" <<<< Warning 2: Incorrect parameter in setclr!   (-3)"});
+}
+
+TEST_F(Messages, AppendedErrorFile) {
+  for (int run = 1; run <= 2; run++) {
+    ERRDEV("APPE");
+    METAFL("PDF");
+    outputOf([run] {
+      QUIINI();
+      SETCLR(-run);
+      QUIFIN();
+    });
+  }
+  EXPECT_EQ(linesOf("quilla.err").size(), 2U);
+}
+
+TEST_F(Messages, ProtocolInTheErrorFile) {
+  ERRDEV("FILE");
+  METAFL("PDF");
+  SETFIL("/dev/null");
+  std::string printed = outputOf([this] {
+    QUIINI();
+    ERRMOD("PROT", "FILE");
+    state()->counters.nanCount = 12;
+    QUIFIN();
+  });
+  EXPECT_EQ(printed, "") << "the protocol stands in the file alone";
+  auto lines = linesOf("quilla.err");
+  ASSERT_EQ(lines.size(), 10U);
+  EXPECT_EQ(lines[5], " <<  NaN     : 12                                                <<");
+  EXPECT_EQ(lines[6], " <<  Metafile: /dev/null                                         <<");
+  EXPECT_EQ(lines[7], " <<  Err-file: quilla.err                                        <<");
+}
+
+TEST_F(Messages, ProtocolWithoutAFile) {
+  METAFL("PDF");
+  PDFMOD("ON", "BUFF");
+  std::string printed = outputOf([] {
+    QUIINI();
+    QUIFIN();
+  });
+  EXPECT_NE(printed.find("\n <<  Metafile:                                                   <<"), std::string::npos)
+      << printed;
+  EXPECT_NE(outputOf([this] { printProtocol(state(), 10); }).find("Err-file"), std::string::npos);
+  EXPECT_EQ(outputOf([this] { printProtocol(state(), 10); }).find("Metafile"), std::string::npos);
+}
+
+std::string boxTitle, boxText;
+
+TEST_F(Messages, ProtocolInAMessageBox) {
+  WINAPP("WIND");
+  METAFL("PDF");
+  SETFIL("a.pdf");
+  state()->windowSetup.messageBox = [](const char* title, const char* text) {
+    boxTitle = title;
+    boxText = text;
+  };
+  std::string printed = outputOf([] {
+    QUIINI();
+    SETCLR(-1);
+    QUIFIN();
+  });
+  EXPECT_EQ(printed, "") << "a windows application reports to the error file";
+  EXPECT_EQ(linesOf("quilla.err").size(), 1U);
+  EXPECT_EQ(boxTitle, "quifin");
+  EXPECT_EQ(boxText,
+            "           END OF QUILLA / VERSION 11.5.2 \n Date          : 14.11.2023\n Time          : 22:13:20"
+            "\n Pageformat: DA4L\n Vectors      : 0\n Warnings  : 1\n Fileformat  : PDF \n Metafile     : a.pdf"
+            "\n Error file    : quilla.err");
+}
+
 } // namespace

@@ -140,18 +140,20 @@ TEST_F(Pdf, ColorsSetStrokeAndFillAndBreakThePath) {
 }
 
 TEST_F(Pdf, FillsUseTheCurrentColorAfterABar) {
-  EXPECT_EQ(drawn([](PlotState* p) {
-              const float x[] = {0, 100, 100}, y[] = {1000, 1000, 2000};
-              qqcolor(p, directColor(255, 0, 0));
-              EXPECT_TRUE(qqfill(p, x, y, 3));
-              EXPECT_TRUE(qqbar(p, 0, 2000, 100, 1000, directColor(0, 0, 255)));
-              EXPECT_TRUE(qqfill(p, x, y, 3));
-              EXPECT_TRUE(qqbar(p, 100, 1000, 100, 1000, directColor(0, 0, 255)));
-            }),
-            "1 0 0 RG\n1 0 0 rg\n0.00 283.46 m\n28.35 283.46 l\n28.35 0.00 l\nh\nf*\n"
-            "0 0 1 rg\n0.00 0.00 28.35 283.46 re\nf\n"
-            "1 0 0 rg\n0.00 283.46 m\n28.35 283.46 l\n28.35 0.00 l\nh\nf*\n"
-            "0 0 1 rg\n27.99 283.11 0.71 0.71 re\nf\n");
+  EXPECT_EQ(
+      drawn([](PlotState* p) {
+        const float x[] = {0, 100, 100}, y[] = {1000, 1000, 2000};
+        qqcolor(p, directColor(255, 0, 0));
+        EXPECT_TRUE(qqfill(p, x, y, 3));
+        EXPECT_TRUE(qqbar(p, 0, 2000, 100, 1000, directColor(0, 0, 255)));
+        EXPECT_TRUE(qqfill(p, x, y, 3));
+        EXPECT_TRUE(qqbar(p, 100, 1000, 100, 1000, directColor(0, 0, 255)));
+      }),
+      "1 0 0 RG\n1 0 0 rg\n0 w\n0.00 283.46 m\n28.35 283.46 l\n28.35 0.00 l\ns\n0.00 283.46 m\n28.35 283.46 l\n28.35 "
+      "0.00 l\nh\nf*\n"
+      "0 0 1 rg\n0.00 0.00 28.35 283.46 re\nf\n"
+      "1 0 0 rg\n0.00 283.46 m\n28.35 283.46 l\n28.35 0.00 l\ns\n0.00 283.46 m\n28.35 283.46 l\n28.35 0.00 l\nh\nf*\n"
+      "0 0 1 rg\n27.99 283.11 0.71 0.71 re\nf\n");
 }
 
 TEST_F(Pdf, LineState) {
@@ -187,6 +189,25 @@ TEST_F(Pdf, ClipGivesTheStateBack) {
             "0.00 0.00 m\n28.35 0.00 l\nS\nQ\n");
 }
 
+// The thin outline of a polygon does not make the lines after it thin.
+TEST_F(Pdf, LinesKeepTheirWidthBehindAFill) {
+  const std::string text = drawn([](PlotState* p) {
+    const float x[] = {0, 100, 100}, y[] = {1000, 1000, 2000};
+    sinkLineWidth(p, 10);
+    qqfill(p, x, y, 3);
+    qqpen(p, 0, 0, kPenMove);
+    qqpen(p, 100, 0, kPenDraw);
+    sinkClip(p, true, 0, 2000, 100, 2000);
+    qqfill(p, x, y, 3);
+    sinkClip(p, false, 0, 0, 0, 0);
+    qqpen(p, 0, 0, kPenMove);
+    qqpen(p, 100, 0, kPenDraw);
+  });
+  EXPECT_EQ(countOf(text, "0 w\n"), 2) << text;
+  EXPECT_EQ(countOf(text, "2.835 w\n"), 2)
+      << text; // once set, once after the first fill; the clip's end brings it back
+}
+
 TEST_F(Pdf, WhatChangedInsideAClipHoldsBehindIt) {
   EXPECT_EQ(drawn([](PlotState* p) {
               const float x[] = {0, 100, 100}, y[] = {1000, 1000, 2000};
@@ -200,7 +221,8 @@ TEST_F(Pdf, WhatChangedInsideAClipHoldsBehindIt) {
             "q\n0.00 0.00 m\n28.35 0.00 l\n28.35 0.00 l\n0.00 0.00 l\nh W n\n"
             "0 1 0 RG\n0 1 0 rg\n2.835 w\n0 J\n"
             "Q\n0 1 0 RG\n2.835 w\n0 J\n"
-            "0 1 0 rg\n0.00 283.46 m\n28.35 283.46 l\n28.35 0.00 l\nh\nf*\n");
+            "0 1 0 rg\n0 w\n0.00 283.46 m\n28.35 283.46 l\n28.35 0.00 l\ns\n0.00 283.46 m\n28.35 283.46 l\n28.35 0.00 "
+            "l\nh\nf*\n");
 }
 
 TEST_F(Pdf, OpenClipIsClosedAtTheEnd) {

@@ -70,4 +70,60 @@ TEST_F(Run, ResetOfControlCharacters) {
   EXPECT_EQ(state()->text.mixReset, '$');
 }
 
+// The null device would get a neighbour at each run, or be deleted.
+TEST_F(Run, DevicesAreNeverVersioned) {
+  std::filesystem::create_symlink("/dev/null", "nowhere.pdf");
+  for (const char* mode : {"COUN", "BREA", "DELE", "VERS"}) {
+    METAFL("PDF");
+    SETFIL("nowhere.pdf");
+    FILMOD(mode);
+    open();
+    EXPECT_EQ(GETLEV(), 1) << mode;
+    QUIFIN();
+    EXPECT_STREQ(state()->deviceSetup.plotFileName, "nowhere.pdf") << mode;
+  }
+  EXPECT_TRUE(std::filesystem::is_symlink("nowhere.pdf"));
+}
+
+TEST_F(Run, OrderOfTheBeginning) {
+  METAFL("PDF");
+  state()->counters = {1, 2, 3, 4, 1};
+  open();
+  const CounterGroup& c = state()->counters;
+  EXPECT_EQ(c.vectorCount + c.nanCount + c.outOfScaleCount + c.runFinished, 0);
+  EXPECT_EQ(c.warningCount, 0);
+  EXPECT_EQ(state()->colorState.backgroundMode, kBackgroundReverse);
+  EXPECT_EQ(state()->colorSetup.lastBackground, kBackgroundReverse);
+  EXPECT_EQ(state()->axis.axisLength[0], 1980) << "2970 * 2 / 3";
+  EXPECT_EQ(state()->axis.axisLength[1], 1400);
+  EXPECT_EQ(state()->axis.axisPosX, (2969 - 1980) / 2);
+  EXPECT_EQ(state()->axis.axisPosY, 2099 - 300);
+  EXPECT_EQ(state()->geometry.pageNumber, 1);
+  QUIFIN();
+  SCRMOD("NOREV");
+  open();
+  EXPECT_EQ(state()->colorState.backgroundMode, kBackgroundErase);
+  EXPECT_EQ(state()->colorSetup.lastBackground, kBackgroundReverse) << "that of the first run of the process";
+}
+
+TEST_F(Run, LineSettingsEndWithTheRun) {
+  open();
+  int colors[] = {1};
+  LINCLR(colors, 1);
+  TRFSHF(10, 10);
+  SHDPAT(5);
+  DASHL();
+  HWMODE("OFF", "LINE");
+  QUIFIN();
+  open();
+  EXPECT_EQ(state()->line.linePatternColorCount, 0);
+  EXPECT_FALSE(state()->transform.transformOn);
+  EXPECT_EQ(GETPAT(), 0);
+  EXPECT_EQ(GETTYP(), 0);
+  EXPECT_TRUE(state()->line.hardwareLines);
+  TRFSHF(10, 10);
+  RESET("ALL");
+  EXPECT_FALSE(state()->transform.transformOn);
+}
+
 } // namespace

@@ -82,4 +82,15 @@ TEST_F(Instructions, ColorIsPutBack) {
   EXPECT_EQ(state()->color.currentColor, color);
 }
 
+TEST_F(Instructions, SymbolsTurnWithTheText) {
+  openInstructions();
+  ANGLE(90);
+  textAt(state(), "(S5)H", 300, 800); // a diamond centred half a height along and above the baseline
+  const std::vector<std::string> moves = traced("move"), draws = traced("draw");
+  ASSERT_GE(draws.size(), 4U);
+  // Baseline at x = 400; centre (349.5, 749.5); the tip above the text is the one at the left.
+  EXPECT_EQ(moves[0], "299.00 749.50");
+  EXPECT_EQ(draws[1], "400.00 749.50");
+}
+
 } // namespace

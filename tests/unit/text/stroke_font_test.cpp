@@ -46,10 +46,9 @@ struct FontCase {
 class Fonts : public PlotTest {};
 
 TEST_F(Fonts, GlyphCounts) {
-  const FontCase cases[] = {{kQuialf, {132, 95, 131, 102, 102, 95}},
-                            {kComplx, {233, 116, 131, 102, 102, 95}},
-                            {kSimplx, {132, 95, 131, 102, 102, 95}},
-                            {kDuplx, {132, 116, 131, 102, 102, 95}}};
+  const FontCase cases[] = {{kQuialf, {132, 95, 131, 102, 102, 95}},  {kComplx, {233, 116, 131, 102, 102, 95}},
+                            {kSimplx, {132, 95, 131, 102, 102, 95}},  {kDuplx, {132, 116, 131, 102, 102, 95}},
+                            {kTriplx, {132, 116, 131, 102, 102, 95}}, {kGothic, {95, 116, 131, 95, 102, 95}}};
   for (const FontCase& c : cases) {
     installFont(state(), c.id);
     for (int i = 0; i < kAlphabetSlots; ++i)
@@ -85,13 +84,14 @@ TEST_F(Fonts, Metrics) {
 // Every record of every table ends where the next begins, refers to points of the table, and holds signed bytes.
 TEST_F(Fonts, EveryReachableGlyphHasARecord) {
   const int reachable[kAlphabetSlots] = {0, 74, 89, 30, 60, 67}; // ordinals after folding
-  for (int id : {kQuialf, kComplx, kSimplx, kDuplx}) {
+  for (int id : {kQuialf, kComplx, kSimplx, kDuplx, kTriplx, kGothic}) {
     installFont(state(), id);
     for (int i = 0; i < kAlphabetSlots; ++i) {
       const AlphabetSlot& slot = state()->font.slots[i];
       const bool foldedOnly = i > 0 && slot.alphaIndexBase != 0;
       int last = foldedOnly ? reachable[i] : slot.alphaCount;
       if (i == 1 && slot.alphaCount == 95) last = 53; // no accented letters
+      if (i == 3 && id == kGothic) last = 53;         // capital and small letters
       for (int k = 2; k <= last; ++k) {
         const std::int16_t* record = glyphRecord(slot, k);
         ASSERT_NE(record, nullptr);
@@ -106,7 +106,7 @@ TEST_F(Fonts, EveryReachableGlyphHasARecord) {
 }
 
 TEST_F(Fonts, CapitalsAreAsHighAsTheText) {
-  for (int id : {kComplx, kSimplx, kDuplx, kQuialf}) {
+  for (int id : {kComplx, kSimplx, kDuplx, kTriplx, kQuialf}) {
     installFont(state(), id);
     const AlphabetSlot& slot = state()->font.slots[0];
     for (char c : {'E', 'H', 'I', 'L', 'T'}) {
@@ -129,11 +129,12 @@ TEST_F(Fonts, CapitalsAreAsHighAsTheText) {
 }
 
 TEST_F(Fonts, DigitsHaveOneWidth) {
-  for (int id : {kComplx, kSimplx, kDuplx}) {
+  for (int id : {kComplx, kSimplx, kDuplx, kTriplx, kGothic}) {
     installFont(state(), id);
     const AlphabetSlot& slot = state()->font.slots[0];
     for (char c = '0'; c <= '9'; ++c)
-      EXPECT_FLOAT_EQ(recordWidth(slot, glyphRecord(slot, ordinalOf(c)), kLineFontUnit), 14.0F) << id << c;
+      EXPECT_FLOAT_EQ(recordWidth(slot, glyphRecord(slot, ordinalOf(c)), kLineFontUnit), id == kGothic ? 16.0F : 14.0F)
+          << id << c;
   }
 }
 
@@ -232,6 +233,22 @@ TEST_F(DrawnText, BlankAdvances) {
   EXPECT_EQ(NLMESS(" l"), 14);
   QUIALF();
   EXPECT_EQ(NLMESS(" l"), 40); // two cells of 6 units of 20 / 6
+}
+
+TEST_F(DrawnText, GothicHasItalianAndGermanLetters) {
+  open();
+  GOTHIC();
+  HEIGHT(21);
+  // The gap of slot 5 is that of the other slots here: no extra move before a sign of slot 1.
+  EXPECT_FLOAT_EQ(state()->font.slots[4].alphaGap, 0.25F);
+  const char umlaut[] = {127, 0}, beyond[] = {static_cast<char>(134), 'a', 0};
+  const int upright = NLMESS("H");
+  BASALF("SCRI");
+  EXPECT_GT(NLMESS(umlaut), 0);
+  EXPECT_EQ(NLMESS(beyond), NLMESS(" a")); // letters end with the sharp s
+  BASALF("ITAL");
+  EXPECT_NE(NLMESS("H"), upright);
+  EXPECT_EQ(NLMESS("1"), 16);
 }
 
 TEST_F(DrawnText, QuialfIsFixed) {

@@ -1,0 +1,71 @@
+// Filled polygons: by the device where it can, else hatched.
+#include <cmath>
+#include <memory>
+#include <new>
+
+#include "core/hatch.h"
+#include "core/messages.h"
+#include "core/path.h"
+#include "core/pipeline.h"
+#include "device/sink.h"
+
+namespace quilla {
+
+namespace {
+
+constexpr int kPointsOnStack = 64;
+constexpr ShadingGroup kSolid{.shadePattern = kPatternSolid, .shadeType = 1};
+
+// The plain colour of a device that cannot fill: the outline, and hatch lines without room between them.
+void paintSolid(PlotState* s, const float* x, const float* y, int n) {
+  KeptLineStyle kept = keepLineStyle(s);
+  setLineType(s, 0);
+  // Wide lines would grow out of the polygon. A negative width is the device's.
+  if (s->line.lineWidthSetting > 1) s->line.lineWidthSetting = 1;
+  const bool transformed = s->transform.transformOn;
+  s->transform.transformOn = false;
+  pathMove(s, x[n - 1], y[n - 1]);
+  for (int i = 0; i < n; i++) pathDraw(s, x[i], y[i]);
+  hatchPolygon(s, x, y, n);
+  s->transform.transformOn = transformed;
+  restoreLineStyle(s, kept);
+}
+
+void fillOnPage(PlotState* s, const float* x, const float* y, int n) {
+  if (s->shading.shadePattern != kPatternSolid) return hatchPolygon(s, x, y, n);
+  if (s->line.hardwareShading && !isShielded(s) && qqfill(s, x, y, n)) return;
+  paintSolid(s, x, y, n);
+}
+
+} // namespace
+
+void fillPolygon(PlotState* s, const float* x, const float* y, int n) {
+  flushPath(s);
+  if (n < 3 || s->shading.shadePattern == kPatternNone) return;
+  float few[2 * kPointsOnStack];
+  std::unique_ptr<float[]> many;
+  float* points = few;
+  if (n > kPointsOnStack) {
+    many.reset(new (std::nothrow) float[2 * static_cast<std::size_t>(n)]);
+    points = many.get();
+    if (!points) return warnPlain(s, 53);
+  }
+  float originX = static_cast<float>(s->page.originX), originY = static_cast<float>(s->page.originY);
+  for (int i = 0; i < n; i++) {
+    float px = x[i] + originX, py = y[i] + originY;
+    if (s->transform.transformOn) transformPoint(s, px, py);
+    if (!std::isfinite(px) || !std::isfinite(py)) return;
+    points[i] = px;
+    points[n + i] = py;
+  }
+  fillOnPage(s, points, points + n, n);
+}
+
+void fillSolid(PlotState* s, const float* x, const float* y, int n) {
+  ShadingGroup kept = s->shading;
+  s->shading = kSolid;
+  fillPolygon(s, x, y, n);
+  s->shading = kept;
+}
+
+} // namespace quilla
