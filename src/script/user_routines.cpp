@@ -13,10 +13,13 @@
 #include "script/report.h"
 #include "script/script_files.h"
 #include "script/statement_reader.h"
+#include "script/statements.h"
 #include "script/system_variables.h"
 
 namespace qsl {
 namespace {
+
+constexpr int kCallbackValues = 10; // the library passes no more
 
 // Added, for each level, to the positions of statements that wait behind a call.
 constexpr int kWaitingOffset = 1 << 20;
@@ -395,6 +398,7 @@ void release_labelled(const RoutineFrame& frame, int level) {
 // Notes how many statements behind the call are the routine's text. Part of it is of no use for a replay.
 void note_expansion(const RoutineFrame& frame, bool whole) {
   ReaderState& r = interp.reader;
+  if (is_callback(frame)) return forget_statements(frame.start); // each one is read again
   if (!frame.from_file) {
     if (!whole) r.saved_cursor = frame.call + r.saved[frame.call].expansion;
     return;
@@ -438,6 +442,89 @@ bool end_of_source() {
   if (interp.reader.recording && current_frame().from_file) save_statement("END");
   end_routine(true);
   return true;
+}
+
+namespace {
+
+// What a statement needs again when another one has run in its middle.
+struct StatementState {
+  StackState stack;
+  TokenState token;
+  char statement[kStatementLength + 1];
+  const char* running;
+  int saved_cursor;
+  bool last_saved;
+};
+
+void keep_statement(StatementState& s) {
+  const ReaderState& r = interp.reader;
+  s.stack = interp.stack;
+  s.token = interp.token;
+  std::memcpy(s.statement, r.statement, sizeof s.statement);
+  s.running = r.running;
+  s.saved_cursor = r.saved_cursor;
+  s.last_saved = r.last_saved;
+  interp.stack.count = 0;
+}
+
+void restore_statement(const StatementState& s) {
+  ReaderState& r = interp.reader;
+  clear_stack(0);
+  interp.stack = s.stack;
+  interp.token = s.token;
+  std::memcpy(r.statement, s.statement, sizeof s.statement);
+  r.running = s.running;
+  r.saved_cursor = s.saved_cursor;
+  r.last_saved = s.last_saved;
+  interp.control.call_made = false;
+  interp.control.callback_ended = false;
+}
+
+// Variables of the caller that hold the values while the routine runs, which knows them by reference.
+bool pass_values(const ScriptValue* values, int count, int* holders) {
+  ControlState& c = interp.control;
+  c.argument_count = 0;
+  for (int i = 0; i < count; ++i) {
+    char name[kNameLength + 1];
+    std::snprintf(name, sizeof name, "$%d", i + 1);
+    holders[i] = new_variable(name, interp.variables.level);
+    const int slot = holders[i] < 0 ? -1 : new_variable(name, interp.variables.level + 1);
+    if (slot < 0 || !copy_value(variable(holders[i]), values[i])) return false;
+    c.arguments[c.argument_count++] = static_cast<std::int16_t>(slot);
+    variable(slot).value.index = holders[i];
+    variable(slot).type = kAlias;
+  }
+  return true;
+}
+
+} // namespace
+
+bool call_back(const char* routine, ScriptValue* values, int count, bool wants_value) {
+  ControlState& c = interp.control;
+  if (count > kCallbackValues || !level_is_free()) return false;
+  StatementState outer;
+  keep_statement(outer);
+  set_name(c.routine_name, routine);
+  for (char* p = c.routine_name; *p; ++p) *p = upper_case(*p);
+  RoutineFrame frame{};
+  frame.kind = wants_value ? kValueCallbackFrame : kCallbackFrame;
+  frame.passed = count;
+  int holders[kCallbackValues];
+  std::fill_n(holders, kCallbackValues, -1);
+  bool good = pass_values(values, count, holders);
+  if (!good) free_arguments();
+  if (good) {
+    c.call_made = false;
+    enter_routine(frame, nullptr);
+    good = c.call_made;
+    if (good) run_statements();
+  }
+  for (int i = 0; i < count; ++i) {
+    if (good && holders[i] >= 0) move_value(values[i], variable(holders[i]));
+    if (holders[i] >= 0) release_slot(holders[i]);
+  }
+  restore_statement(outer);
+  return good;
 }
 
 void drop_routines() {

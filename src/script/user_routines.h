@@ -40,6 +40,11 @@ void end_routine(bool whole);
 // The end of a source that INCLUDE has not opened. False: the statement loop ends.
 bool end_of_source();
 
+// Runs a script routine for the library, in the middle of a statement: the values are its arguments and take what the
+// routine leaves in them. wants_value: the routine is a FUNCTION, whose value is then interp.control.callback_result.
+// False after a message.
+bool call_back(const char* routine, ScriptValue* values, int count, bool wants_value);
+
 // Ends all routines at once, after an interrupt.
 void drop_routines();
 

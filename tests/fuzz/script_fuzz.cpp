@@ -1,5 +1,6 @@
-// Arbitrary text as a script; CALL finds the routines of tests/scripts by QSL_PATH. No outside command runs and no file is changed. Run it with -handle_fpe=0: a division
-// that faults ends the process by a signal on purpose, which is caught here.
+// Arbitrary text as a script; CALL finds the routines of tests/scripts by QSL_PATH. No outside command runs and no file
+// is changed. Run it with -handle_fpe=0: a division that faults ends the process by a signal on purpose, which is
+// caught here.
 //
 //   clang++ -std=c++20 -g -O1 -fsanitize=fuzzer,address,undefined -Isrc -Iinclude -DQUILLA_SHARE_DIR='""' \
 //     tests/fuzz/script_fuzz.cpp src/script/*.cpp <sources of the library> -lz -o script_fuzz

@@ -208,6 +208,7 @@ TEST_F(Functions, Environment) {
   EXPECT_EQ(value("INQUIRE('/no/such/file')"), "0");
   EXPECT_EQ(run("X = REMOVE('/no/such/file')\nPRINTL X\n"), fault("Cannot remove file /no/such/file") + "-1 \n");
   EXPECT_EQ(value("CLOCK()"), "0.000000");
+  EXPECT_EQ(run("T = CLOCK()\nDO I = 1, 300000\nEND DO\nT = CLOCK()\nPRINTL T > 0.0, T < 60.0\n"), "1 1 \n");
   EXPECT_EQ(run("SRAND(3)\nA = RAND()\nSRAND(3)\nB = RAND()\nPRINTL A == B, A >= 0.0 && A <= 1.0\n"), "1 1 \n");
 }
 
