@@ -97,3 +97,11 @@ TEST_F(Callbacks, Faults) {
                 testing::TempDir() + "cb_text.qsl)\n");
   TearDownSource();
 }
+
+// A call that is first made in a later pass: the statements that waited belong to the buffer again, once.
+TEST_F(Callbacks, WaitingStatementsAreGivenBack) {
+  write("cb_call", "SUBROUTINE CB_CALL(N)\nPRINTL N\nEND\n");
+  EXPECT_EQ(run("L:\nDO I = 1, 3\nIF (I > 1) CALL CB_CALL(I)\nX = I\nEND DO\n"), "2 \n3 \n");
+  EXPECT_EQ(interp.reader.saved_count, 8); // the label, DO to END DO, and the routine's three statements
+  for (const RoutineFrame& frame : interp.control.frames) EXPECT_EQ(frame.waiting, nullptr);
+}
