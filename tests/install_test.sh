@@ -19,7 +19,10 @@ int main(void) {
 }
 END
 library=$(dirname "$(find "$place/usr" -name 'libquilla.a')")
-c++ -x c -std=c11 -Wall -Werror -I"$place/usr/include" "$place/host.c" -x none "$library/libquilla.a" -lz -o "$place/host"
+libraries=$(sed -n 's/^Libs.private: //p' "$(find "$place/usr" -name quilla.pc)")
+# The names of libraries are words of their own.
+# shellcheck disable=SC2086
+cc -std=c11 -Wall -Werror -I"$place/usr/include" "$place/host.c" "$library/libquilla.a" $libraries -o "$place/host"
 (cd "$place" && ./host > host.out && qpdf --check host.pdf > /dev/null)
 grep -q "END OF QUILLA" "$place/host.out"
 mkdir "$place/work"
