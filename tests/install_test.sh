@@ -25,7 +25,7 @@ libraries=$(sed -n 's/^Libs.private: //p' "$(find "$place/usr" -name quilla.pc)"
 cc -std=c11 -Wall -Werror -I"$place/usr/include" "$place/host.c" "$library/libquilla.a" $libraries -o "$place/host"
 (cd "$place" && ./host > host.out && qpdf --check host.pdf > /dev/null)
 grep -q "END OF QUILLA" "$place/host.out"
-mkdir "$place/work"
-(cd "$place/work" && QSL_DATA="$place/usr/share/quilla/examples" "$place/usr/bin/qslrun" "$place/usr/share/quilla/examples/first_plot.qsl" > out)
-test -s "$place/work/first_plot.pdf"
+mkdir "$place/plot"
+(cd "$place/plot" && QSL_DATA="$place/usr/share/quilla/examples" "$place/usr/bin/qslrun" "$place/usr/share/quilla/examples/first_plot.qsl" > out)
+test -s "$place/plot/first_plot.pdf"
 echo "installation: 1 passed, 0 failed"
