@@ -112,32 +112,12 @@ void fillBackground(PlotState* s) {
         static_cast<float>(s->scaling.axisRightX), static_cast<float>(a.axisPosY), a.axisBackgroundColor);
 }
 
-// Axes are lines of their own kind: solid, whatever the current line type is.
-struct KeptLineType {
-  PlotState* s;
-  int type, pattern[kLinePatternLimit], count;
-};
-
-KeptLineType solidForNow(PlotState* s) {
-  KeptLineType kept{s, s->line.lineStyleIndex, {}, s->line.linePatternCount};
-  for (int i = 0; i < kLinePatternLimit; i++) kept.pattern[i] = s->line.linePattern[i];
-  setLineType(s, 0);
-  return kept;
-}
-
-void restoreLineType(const KeptLineType& kept) {
-  PlotState* s = kept.s;
-  flushPath(s);
-  s->line.lineStyleIndex = kept.type;
-  s->line.linePatternCount = kept.count;
-  for (int i = 0; i < kLinePatternLimit; i++) s->line.linePattern[i] = kept.pattern[i];
-  resetDash(s);
-}
-
 void drawSystem(PlotState* s) {
   const AxisGroup& a = s->axis;
   if (a.axisBackgroundColor >= 0) fillBackground(s);
-  KeptLineType kept = solidForNow(s);
+  // Axes are solid, whatever the current line type is.
+  KeptLineStyle kept = keepLineStyle(s);
+  setLineType(s, 0);
   s->internalCoordinates = true;
   if (a.axisCrossed) {
     drawCrossed(s);
@@ -146,7 +126,7 @@ void drawSystem(PlotState* s) {
     if (a.frameThickness >= kVisibleFrame) drawFrame(s);
   }
   s->internalCoordinates = false;
-  restoreLineType(kept);
+  restoreLineStyle(s, kept);
 }
 
 // 0 lies inside the scaling of the axis, by more than a hair; on a logarithmic axis it never does.

@@ -7,6 +7,7 @@
 #include "core/messages.h"
 #include "core/page.h"
 #include "core/pipeline.h"
+#include "graph2d/area.h"
 #include "graph2d/axis_system.h"
 #include "graph2d/curve_path.h"
 #include "graph2d/legend.h"
@@ -18,25 +19,6 @@
 using namespace quilla;
 
 namespace {
-
-// Settings that a curve changes and gives back.
-struct KeptAttributes {
-  int color, type, pattern[kLinePatternLimit], patternCount;
-};
-
-KeptAttributes keepAttributes(const PlotState* s) {
-  KeptAttributes kept{s->color.currentColor, s->line.lineStyleIndex, {}, s->line.linePatternCount};
-  for (int i = 0; i < kLinePatternLimit; i++) kept.pattern[i] = s->line.linePattern[i];
-  return kept;
-}
-
-void giveBack(PlotState* s, const KeptAttributes& kept) {
-  flushPath(s);
-  if (s->color.currentColor != kept.color) setColor(s, kept.color);
-  s->line.lineStyleIndex = kept.type;
-  s->line.linePatternCount = kept.patternCount;
-  for (int i = 0; i < kLinePatternLimit; i++) s->line.linePattern[i] = kept.pattern[i];
-}
 
 void takeCycleAttributes(PlotState* s) {
   int mode = s->curve.cycleMode, i = s->cycle.cycleIndex - 1;
@@ -137,7 +119,7 @@ void CURVE(const float* x, const float* y, int n) {
   }
   if (!logarithmsExist(s, kAxisY, y, n) || !logarithmsExist(s, kAxisX, x, n)) return;
   CurveData data{x, y, n};
-  KeptAttributes kept = keepAttributes(s);
+  KeptPen kept = keepPen(s);
   s->internalCoordinates = true;
   takeCycleAttributes(s);
   if (s->cycle.legendEntryPending) recordCurve(s);
@@ -147,7 +129,7 @@ void CURVE(const float* x, const float* y, int n) {
   if (s->curve.markerStep >= 0) drawPasses(s, data);
   flushPath(s);
   axisClipOff(s);
-  giveBack(s, kept);
+  restorePen(s, kept);
   s->internalCoordinates = false;
   if (s->cycle.curveInCycle == s->curve.curvesPerCycle) {
     s->cycle.curveInCycle = 0;
