@@ -18,6 +18,9 @@ PROGRAM = os.path.abspath(sys.argv[1])
 TIME_LIMIT = 20
 failed = []
 
+# A test that is started in the background inherits ignored interrupts; the programs that it starts must not.
+signal.signal(signal.SIGINT, signal.default_int_handler)
+
 
 def check(name, good, seen=""):
     print(("ok   " if good else "FAILED ") + name)
