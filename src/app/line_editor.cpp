@@ -2,6 +2,7 @@
 
 #ifdef QUILLA_LINE_EDITOR
 #include <histedit.h>
+#include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -9,6 +10,7 @@
 #include <cctype>
 #include <cerrno>
 #include <clocale>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -58,17 +60,31 @@ bool find_history(char* name) {
   return true;
 }
 
+// One byte of the terminal, as read() tells it. The signal is let in only while ppoll() waits, so that an interrupt
+// between the look at the flag and the wait is not lost. -1: interrupted, or the terminal is gone.
+ssize_t read_byte(char* byte) {
+  sigset_t interrupt;
+  sigset_t before;
+  sigemptyset(&interrupt);
+  sigaddset(&interrupt, SIGINT);
+  sigprocmask(SIG_BLOCK, &interrupt, &before);
+  pollfd terminal{STDIN_FILENO, POLLIN, 0};
+  bool ready = false;
+  while (!ready && !interrupted()) {
+    ready = ppoll(&terminal, 1, nullptr, &before) > 0;
+    if (!ready && errno != EINTR) break;
+  }
+  sigprocmask(SIG_SETMASK, &before, nullptr);
+  return ready ? read(STDIN_FILENO, byte, 1) : -1;
+}
+
 // One character of the terminal. An interrupt gives up the line.
 int read_character(EditLine*, wchar_t* character) {
   std::mbstate_t state{};
   for (;;) {
     char byte;
-    const ssize_t n = read(STDIN_FILENO, &byte, 1);
-    if (n == 0) return 0;
-    if (n < 0) {
-      if (errno == EINTR && !interrupted()) continue;
-      return -1;
-    }
+    const ssize_t n = read_byte(&byte);
+    if (n <= 0) return static_cast<int>(n);
     const std::size_t used = std::mbrtowc(character, &byte, 1, &state);
     if (used == static_cast<std::size_t>(-2)) continue; // more bytes belong to it
     if (used == static_cast<std::size_t>(-1)) {
