@@ -13,7 +13,7 @@ SRC = ROOT / "src"
 
 # From the top down. A room may include every room behind it.
 ORDER = ["app", "script", "run", "graph2d", "text", "core", "device", "platform", "ground"]
-GROUND = {"plot_state", "levels", "messages", "clock", "file_version"}
+GROUND = {"plot_state", "levels", "messages", "clock", "file_version", "stop_request"}
 
 
 def room_of(path):

@@ -4,6 +4,7 @@
 #include "core/page.h"
 #include "core/path.h"
 #include "core/pipeline.h"
+#include "core/stop_request.h"
 #include "device/sink.h"
 
 namespace quilla {
@@ -63,7 +64,7 @@ void dashAlong(PlotState* s, const Segment& segment, double length, double from,
   auto draw = [&](double t) { appendPoint(s, static_cast<float>(x0 + ux * t), static_cast<float>(y0 + uy * t)); };
   if (d.dashGap == 0 && (!continued || s->path.pathCount == 0 || (colored && !d.patternColorSent))) move(from);
   double t = from;
-  while (static_cast<double>(d.dashRemaining) <= to - t) {
+  while (static_cast<double>(d.dashRemaining) <= to - t && !stopRequested()) {
     t += static_cast<double>(d.dashRemaining);
     if (d.dashGap == 0) {
       draw(t);

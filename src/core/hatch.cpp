@@ -8,6 +8,7 @@
 #include "core/messages.h"
 #include "core/path.h"
 #include "core/pipeline.h"
+#include "core/stop_request.h"
 
 namespace quilla {
 
@@ -133,7 +134,7 @@ void hatchPass(PlotState* s, HatchWork& work, int angle, const float* x, const f
   double start = top + step / 2.0;
   if (start + period < low) start += std::floor((low - start) / period) * period;
   Scan scan{s, work, turn};
-  for (long long group = 0; start + static_cast<double>(group) * period < bottom; group++) {
+  for (long long group = 0; start + static_cast<double>(group) * period < bottom && !stopRequested(); group++) {
     for (int k = 0; k < hatch.lines; k++) {
       double v = start + static_cast<double>(group) * period + k * step;
       if (v < bottom) scan.line(v);

@@ -3,6 +3,7 @@
 #include "core/page.h"
 #include "core/path.h"
 #include "core/shields.h"
+#include "core/stop_request.h"
 #include "device/sink.h"
 
 namespace quilla {
@@ -48,7 +49,7 @@ void drawAcrossEdge(ClippedPen& pen, float x, float y) {
 
 void sendPath(PlotState* s) {
   PathState& p = s->path;
-  if (p.pathCount > 1 && !p.flushRunning) {
+  if (p.pathCount > 1 && !p.flushRunning && !stopRequested()) {
     p.flushRunning = true;
     ClippedPen pen{s, activeRegion(s), 0.0F, 0.0F, false, false, isShielded(s)};
     moveClipped(pen, p.pathX[0], p.pathY[0]);

@@ -12,6 +12,7 @@
 #include "core/page.h"
 #include "core/pipeline.h"
 #include "core/shading.h"
+#include "core/stop_request.h"
 #include "graph2d/area.h"
 #include "graph2d/legend.h"
 #include "graph2d/scaling.h"
@@ -91,7 +92,7 @@ void drawBar(PlotState* s, const BarData& d, int i) {
 // far end of the row.
 void drawBars(PlotState* s, const BarData& d) {
   if (!is3D(s->bar.barType)) {
-    for (int i = 0; i < d.n; i++) drawBar(s, d, i);
+    for (int i = 0; i < d.n && !stopRequested(); i++) drawBar(s, d, i);
     return;
   }
   std::unique_ptr<int[]> order(new (std::nothrow) int[static_cast<std::size_t>(d.n)]);
@@ -107,7 +108,7 @@ void drawBars(PlotState* s, const BarData& d) {
     float pa = plotPosition(s, d.positionAxis, d.position[a]), pb = plotPosition(s, d.positionAxis, d.position[b]);
     return rising ? pa < pb : pa > pb;
   });
-  for (int i = 0; i < count; i++) drawBar(s, d, order[i]);
+  for (int i = 0; i < count && !stopRequested(); i++) drawBar(s, d, order[i]);
 }
 
 // Distance of bar i to its neighbours in plot units: the left one, inside the row the nearer one.

@@ -6,6 +6,7 @@
 #include "core/levels.h"
 #include "core/page.h"
 #include "core/pipeline.h"
+#include "core/stop_request.h"
 #include "graph2d/area.h"
 #include "graph2d/bars.h"
 #include "graph2d/scaling.h"
@@ -73,7 +74,7 @@ void FBARS(const float* x, const float* open, const float* high, const float* lo
   QuoteColors quoteColors = {colorOf(0), colorOf(1), colorOf(2), colors[1] >= 0};
   float half = barRoom(s, barDistance(s, x, n, kAxisX)) / 2.0F;
   axisClipOn(s);
-  for (int i = 0; i < n; i++) {
+  for (int i = 0; i < n && !stopRequested(); i++) {
     auto at = [&](const float* values) { return static_cast<float>(roundHalfUp(plotY(s, values[i]))); };
     bool number = std::isfinite(plotX(s, x[i])) && std::isfinite(plotY(s, open[i])) &&
                   std::isfinite(plotY(s, high[i])) && std::isfinite(plotY(s, low[i])) &&

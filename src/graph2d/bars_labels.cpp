@@ -6,6 +6,7 @@
 #include "core/page.h"
 #include "core/pipeline.h"
 #include "core/shields.h"
+#include "core/stop_request.h"
 #include "graph2d/area.h"
 #include "graph2d/axis_labels.h"
 #include "graph2d/bars.h"
@@ -114,7 +115,7 @@ bool placeLabel(PlotState* s, const BarData& d, int i, int digits, Label& label)
 void shieldBarLabels(PlotState* s, const BarData& d) {
   int digits = labelDigits(s, d), margin = s->text.textHeight / 4;
   Label label;
-  for (int i = 0; i < d.n; i++) {
+  for (int i = 0; i < d.n && !stopRequested(); i++) {
     if (!placeLabel(s, d, i, digits, label)) continue;
     int region[] = {label.x + s->page.originX - margin, label.y + s->page.originY - margin, label.width + 2 * margin,
                     s->text.textHeight + 2 * margin};
@@ -129,7 +130,7 @@ void drawBarLabels(PlotState* s, const BarData& d) {
   bool suspended = s->shieldingSuspended;
   s->shieldingSuspended = s->shield.shieldAreaOn[kShieldBars - 1] || suspended;
   Label label;
-  for (int i = 0; i < d.n; i++) {
+  for (int i = 0; i < d.n && !stopRequested(); i++) {
     if (!placeLabel(s, d, i, digits, label)) continue;
     takeBarPattern(s, i);
     int wanted = label.inside ? visibleColor(s, s->bar.barLabelColor, d.color, barColor(s, d, i)) : color;

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "core/colors.h"
+#include "core/stop_request.h"
 #include "device/sink.h"
 #include "graph2d/plot_file_reader.h"
 
@@ -89,7 +90,7 @@ int wholeUnits(int c) { return static_cast<int>(static_cast<float>(c) * kPlotUni
 
 // First pass: the greatest coordinates, in plot units.
 void findSize(Reader& r, int& width, int& height) {
-  while (nextElement(r)) {
+  while (!stopRequested() && nextElement(r)) {
     if (is(r, kPictureClass, kColorSelection)) takeColorSelection(r);
     if (is(r, kPrimitiveClass, kPolyline)) {
       for (int x = 0, y = 0; nextPoint(r, x, y);) {
@@ -124,7 +125,7 @@ FileReadResult drawCgm(PlotState* s, std::FILE* file, const FileBox& box) {
   const float baseY = static_cast<float>(height) * factor + box.y;
   r = Reader{.file = file};
   FilePen pen;
-  while (nextElement(r)) {
+  while (!stopRequested() && nextElement(r)) {
     if (is(r, kPictureClass, kColorSelection)) takeColorSelection(r);
     if (is(r, kAttributeClass, kLineColor)) takeLineColor(s, r);
     if (is(r, kPrimitiveClass, kPolyline)) {

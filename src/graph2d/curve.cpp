@@ -7,6 +7,7 @@
 #include "core/messages.h"
 #include "core/page.h"
 #include "core/pipeline.h"
+#include "core/stop_request.h"
 #include "graph2d/area.h"
 #include "graph2d/axis_system.h"
 #include "graph2d/curve_path.h"
@@ -62,7 +63,7 @@ void checkPoints(PlotState* s, const CurveData& d) {
   bool checked = s->message.dataCheckOn && s->message.messageUnit != kUnitNone;
   if (!checked && s->curve.nanMode == 0) return;
   int nansBefore = s->counters.nanCount;
-  for (int i = 0; i < d.n; i++) {
+  for (int i = 0; i < d.n && !stopRequested(); i++) {
     if (!isDrawable(s, d, i)) {
       s->counters.nanCount++;
       continue;
@@ -79,7 +80,7 @@ void drawSymbols(PlotState* s, const CurveData& d) {
   long long step = s->curve.markerStep < 0 ? -static_cast<long long>(s->curve.markerStep) : s->curve.markerStep;
   int kept = s->color.currentColor;
   if (s->curve.markerColor != -1) setColor(s, s->curve.markerColor);
-  for (long long k = 0; k < d.n; k += step) {
+  for (long long k = 0; k < d.n && !stopRequested(); k += step) {
     int i = static_cast<int>(k);
     if (!isDrawable(s, d, i)) continue;
     PlotPoint p = plotPoint(s, d.x[i], d.y[i]);
@@ -94,7 +95,7 @@ void drawSymbols(PlotState* s, const CurveData& d) {
 void drawPasses(PlotState* s, const CurveData& d) {
   float unit = s->pageSetup.unitFactor;
   int passes = roundHalfUp(static_cast<float>(s->curve.curveThickness) * unit);
-  for (int p = 1; p <= (passes > 1 ? passes : 1); p++) {
+  for (int p = 1; p <= (passes > 1 ? passes : 1) && !stopRequested(); p++) {
     s->dash.lineGapSize = static_cast<float>(p % 2 == 0 ? p / 2 : -(p / 2)) / unit;
     resetDash(s);
     drawCurveLine(s, d);
@@ -164,7 +165,7 @@ float barEnd(const PlotState* s, int axis, float value) {
 void drawErrorBars(PlotState* s, const CurveData& d, const float* e1, const float* e2) {
   float half = static_cast<float>(s->curve.markerHeight) / 3.0F;
   bool horizontal = s->curve.errorBarHorizontal;
-  for (int i = 0; i < d.n; i++) {
+  for (int i = 0; i < d.n && !stopRequested(); i++) {
     if (!isDrawable(s, d, i)) continue;
     float x = plotX(s, d.x[i]), y = plotY(s, d.y[i]);
     if (horizontal) {

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/pipeline.h"
+#include "core/stop_request.h"
 #include "graph2d/scaling.h"
 #include "graph2d/spline.h"
 
@@ -34,7 +35,7 @@ bool continues(const PlotState* s, const CurveData& d, int i) {
 }
 
 void drawLines(PlotState* s, const CurveData& d) {
-  for (int i = 0; i < d.n; i++) {
+  for (int i = 0; i < d.n && !stopRequested(); i++) {
     if (!isDrawable(s, d, i)) continue;
     if (continues(s, d, i)) {
       drawTo(s, d.x[i], d.y[i]);
@@ -48,7 +49,7 @@ void drawLines(PlotState* s, const CurveData& d) {
 void drawChartLines(PlotState* s, const CurveData& d) {
   constexpr float kSquaredPiece = 100.0F; // plot units
   constexpr int kMostPieces = 100;
-  for (int i = 0; i < d.n; i++) {
+  for (int i = 0; i < d.n && !stopRequested(); i++) {
     if (!isDrawable(s, d, i)) continue;
     if (!continues(s, d, i)) {
       moveTo(s, d.x[i], d.y[i]);
@@ -67,7 +68,7 @@ void drawChartLines(PlotState* s, const CurveData& d) {
 }
 
 void drawStairs(PlotState* s, const CurveData& d) {
-  for (int i = 0; i < d.n; i++) {
+  for (int i = 0; i < d.n && !stopRequested(); i++) {
     if (!isDrawable(s, d, i)) continue;
     if (continues(s, d, i)) {
       drawTo(s, d.x[i], d.y[i - 1]);
@@ -84,7 +85,7 @@ void drawSteps(PlotState* s, const CurveData& d) {
     float h = (d.x[i + 1] - d.x[i]) / 2.0F;
     return std::isnan(h) ? 0.0F : h;
   };
-  for (int i = 0; i < d.n; i++) {
+  for (int i = 0; i < d.n && !stopRequested(); i++) {
     if (!isDrawable(s, d, i)) continue;
     if (continues(s, d, i)) {
       float middle = d.x[i - 1] + halfWidth(i - 1);
@@ -107,7 +108,7 @@ float baseY(const PlotState* s) {
 
 void drawStems(PlotState* s, const CurveData& d) {
   if (isPolar(s)) {
-    for (int i = 0; i < d.n; i++) {
+    for (int i = 0; i < d.n && !stopRequested(); i++) {
       if (!isDrawable(s, d, i)) continue;
       moveTo(s, 0.0F, 0.0F);
       drawTo(s, d.x[i], d.y[i]);
@@ -115,7 +116,7 @@ void drawStems(PlotState* s, const CurveData& d) {
     return;
   }
   float base = baseY(s);
-  for (int i = 0; i < d.n; i++) {
+  for (int i = 0; i < d.n && !stopRequested(); i++) {
     if (!isDrawable(s, d, i)) continue;
     float x = plotX(s, d.x[i]);
     penMove(s, x, base);
@@ -126,7 +127,7 @@ void drawStems(PlotState* s, const CurveData& d) {
 // Sectors from the origin; the width of bars is a measure of angle in degrees.
 void drawPolarBars(PlotState* s, const CurveData& d, bool filled) {
   float half = std::fabs(s->curve.barWidth) * 0.5F;
-  for (int i = 0; i < d.n; i++) {
+  for (int i = 0; i < d.n && !stopRequested(); i++) {
     if (!isDrawable(s, d, i)) continue;
     PlotPoint corners[3] = {plotPoint(s, 0.0F, 0.0F), plotPoint(s, d.x[i], d.y[i] - half),
                             plotPoint(s, d.x[i], d.y[i] + half)};
@@ -146,7 +147,7 @@ void drawBars(PlotState* s, const CurveData& d, bool filled) {
   float base = s->scaling.axisOriginPlotY;
   float halfUser = d.n > 1 && c.barWidth > 0.0F ? (d.x[1] - d.x[0]) * c.barWidth * 0.5F : 0.0F;
   float halfPlot = c.barWidth > 0.0F ? 0.0F : std::fabs(c.barWidth) * 0.5F;
-  for (int i = 0; i < d.n; i++) {
+  for (int i = 0; i < d.n && !stopRequested(); i++) {
     if (!isDrawable(s, d, i)) continue;
     float x0 = plotX(s, d.x[i] - halfUser) - halfPlot, x1 = plotX(s, d.x[i] + halfUser) + halfPlot,
           y = plotY(s, d.y[i]);

@@ -3,6 +3,7 @@
 
 #include "core/levels.h"
 #include "core/messages.h"
+#include "core/stop_request.h"
 #include "quilla/quilla.h"
 
 using namespace quilla;
@@ -84,7 +85,7 @@ void turnTies(const float* x, float* y, int n, int gap) {
 void shellSort(float* x, float* y, int n, int direction) {
   auto misplaced = [&](float left, float right) { return direction > 0 ? left > right : left < right; };
   for (int gap = n / 2; gap > 0; gap /= 2) {
-    for (int i = gap; i < n; i++) {
+    for (int i = gap; i < n && !stopRequested(); i++) {
       float value = x[i], partner = y ? y[i] : 0.0F;
       int k = i;
       for (; k >= gap && misplaced(x[k - gap], value); k -= gap) {

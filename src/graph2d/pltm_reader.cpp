@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "core/colors.h"
+#include "core/stop_request.h"
 #include "device/sink.h"
 #include "graph2d/plot_file_reader.h"
 
@@ -125,7 +126,7 @@ FileReadResult drawPltm(PlotState* s, std::FILE* file, const FileBox& box) {
   r.boxX = box.x;
   r.baseY = static_cast<float>(height * factor) + box.y;
   char line[kLineSize];
-  while (std::fgets(line, sizeof line, file)) {
+  while (!stopRequested() && std::fgets(line, sizeof line, file)) {
     const char* text = line;
     for (std::size_t left = std::strcspn(line, "\r\n"); left >= kFieldWidth; left -= kFieldWidth, text += kFieldWidth) {
       Field field{};
@@ -134,7 +135,7 @@ FileReadResult drawPltm(PlotState* s, std::FILE* file, const FileBox& box) {
     }
   }
   sendPair(s, r);
-  return FileReadResult::kNotComplete;
+  return stopRequested() ? FileReadResult::kFine : FileReadResult::kNotComplete;
 }
 
 } // namespace quilla

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "script/builtin_rows.h"
+#include "script/interrupt.h"
 #include "script/numbers.h"
 #include "script/operand_stack.h"
 #include "script/report.h"
@@ -76,7 +77,7 @@ bool has_type(const ScriptValue& v, Tag element, bool text) {
 // Converts the numbers; false if one was out of range.
 bool convert_numbers(const Conversion& c, const Numbers& from, void* to) {
   bool good = true;
-  for (int i = 0; i < from.count; ++i) {
+  for (int i = 0; i < from.count && !interrupted(); ++i) {
     const double x = read_number(from.element, from.data, i);
     if (in_range(c, x)) {
       write_number(c.element, to, i, x);
@@ -120,7 +121,7 @@ void complex_of_one(int first) {
 // Fills one part of complex numbers; false if a number was out of range.
 bool fill_part(const Numbers& from, Complex* to, bool imaginary) {
   bool good = true;
-  for (int i = 0; i < from.count; ++i) {
+  for (int i = 0; i < from.count && !interrupted(); ++i) {
     const double x = read_number(from.element, from.data, i);
     if (!in_range(kToComplex, x)) {
       good = false;

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "script/interrupt.h"
 #include "script/numbers.h"
 #include "script/report.h"
 #include "script/script_files.h"
@@ -53,7 +54,7 @@ void rewind_file() {
 int find_block(int n) {
   rewind_file();
   int seen = 0;
-  while (seen < n && next_record()) seen += begins_with(interp.data.record, kDataMark);
+  while (seen < n && !interrupted() && next_record()) seen += begins_with(interp.data.record, kDataMark);
   return seen;
 }
 
@@ -94,7 +95,7 @@ bool measure_block(int n, BlockSize& size) {
     return false;
   }
   size = {0, read_column_count(), 0};
-  while (next_record() && !ends_block()) {
+  while (!interrupted() && next_record() && !ends_block()) {
     const int values = count_values(d.record);
     if (values < 0) {
       report_file_error(" >>>> Syntax error in data file %s in record %d\n", d.path, d.record_number);
@@ -317,7 +318,7 @@ void read_values(float* target, int count, int column) {
   int stored = 0, value = 0;
   find_block(interp.data.block);
   next_record();
-  while (stored < count && next_record() && !ends_block()) {
+  while (stored < count && !interrupted() && next_record() && !ends_block()) {
     int length = 0;
     for (const char* p = interp.data.record;; ++p) {
       const bool ends = *p == 0 || is_comment(p);

@@ -2,6 +2,7 @@
 
 #include "script/builtin_functions.h"
 #include "script/decided_statement.h"
+#include "script/interrupt.h"
 #include "script/numbers.h"
 #include "script/operators.h"
 #include "script/report.h"
@@ -98,7 +99,7 @@ void run_selection(const Code& code, const Operation* op) {
 void run_function(const Code& code, const Operation* op) {
   const int first = operand_count();
   run(code, op + 1, end_of(code, op));
-  if (op->complete && !interp.stack.overflow) exec_builtin(op->index, first);
+  if (op->complete && !interp.stack.overflow && !interrupted()) exec_builtin(op->index, first);
 }
 
 // The operators between an INT or DOUBLE and another. False: nothing was done, and the general operation decides.
@@ -219,7 +220,7 @@ int run_list(const Code& code) {
   interp.stack.overflow = false;
   if (code.empty) return kNothing;
   run(code, code.operations, code.operations + code.count);
-  if (interp.stack.overflow) clear_stack(0);
+  if (interp.stack.overflow || interrupted()) clear_stack(0);
   if (!code.alias_mode) settle_operands();
   return operand_count();
 }

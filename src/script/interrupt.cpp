@@ -2,8 +2,7 @@
 
 #include <unistd.h>
 
-#include <csignal>
-
+#include "core/stop_request.h"
 #include "script/control_structures.h"
 #include "script/report.h"
 #include "script/script_files.h"
@@ -11,19 +10,21 @@
 #include "script/user_statements.h"
 
 namespace qsl {
-namespace {
 
-volatile std::sig_atomic_t requests; // since the last clear
+volatile std::sig_atomic_t interrupt_requests;
+
+namespace {
 
 // A second interrupt ends a script whose statement does not come to an end.
 extern "C" void keep_interrupt(int) {
-  requests = requests + 1;
-  if (requests > 1 && !interp.driver.interactive_start) _exit(kInterruptStatus);
+  interrupt_requests = interrupt_requests + 1;
+  if (interrupt_requests > 1 && !interp.driver.interactive_start) _exit(kInterruptStatus);
 }
 
 } // namespace
 
 void watch_interrupts(bool prompt) {
+  quilla::stopFlag = &interrupt_requests;
   struct sigaction action {};
   action.sa_handler = keep_interrupt;
   sigemptyset(&action.sa_mask);
@@ -32,18 +33,17 @@ void watch_interrupts(bool prompt) {
   sigaction(SIGINT, &action, nullptr);
 }
 
-bool interrupted() { return requests != 0; }
-void clear_interrupt() { requests = 0; }
-void note_interrupt() { requests = 1; }
+void clear_interrupt() { interrupt_requests = 0; }
+void note_interrupt() { interrupt_requests = 1; }
 
 void stop_at_interrupt() {
   DriverState& d = interp.driver;
+  clear_interrupt();
   if (!d.interactive_start) {
     run_exit();
     d.exit_status = kInterruptStatus;
     return;
   }
-  clear_interrupt();
   drop_routines();
   drop_constructs();
   while (pop_source()) {

@@ -5,6 +5,7 @@
 #include <numbers>
 
 #include "script/builtin_rows.h"
+#include "script/interrupt.h"
 #include "script/numbers.h"
 #include "script/operand_stack.h"
 #include "script/report.h"
@@ -122,7 +123,7 @@ void make_real(ScriptValue& v) {
 
 template <typename T> bool apply_real(const MathFunction& f, T* x, int n) {
   bool good = true;
-  for (int i = 0; i < n; ++i) {
+  for (int i = 0; i < n && !interrupted(); ++i) {
     if (f.defined(x[i])) {
       x[i] = static_cast<T>(f.value(x[i]));
     } else {
@@ -134,7 +135,7 @@ template <typename T> bool apply_real(const MathFunction& f, T* x, int n) {
 
 bool apply_complex(const MathFunction& f, Complex* z, int n) {
   bool good = true;
-  for (int i = 0; i < n; ++i) {
+  for (int i = 0; i < n && !interrupted(); ++i) {
     ComplexDouble result;
     if (f.complex_value({z[i].re, z[i].im}, result)) {
       z[i] = {to_float(result.re), to_float(result.im)};
@@ -177,11 +178,12 @@ void run_function_of_two(int first, const char* name, double (*value)(double, do
   switch (a.type) {
   case kDouble: a.value.d = value(a.value.d, b.value.d); break;
   case kFloatArray:
-    for (int i = 0; i < a.count; ++i)
+    for (int i = 0; i < a.count && !interrupted(); ++i)
       elements<float>(a)[i] = to_float(value(elements<float>(a)[i], elements<float>(b)[i]));
     break;
   case kDoubleArray:
-    for (int i = 0; i < a.count; ++i) elements<double>(a)[i] = value(elements<double>(a)[i], elements<double>(b)[i]);
+    for (int i = 0; i < a.count && !interrupted(); ++i)
+      elements<double>(a)[i] = value(elements<double>(a)[i], elements<double>(b)[i]);
     break;
   default: return report_error_text(type_fault, name);
   }

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "script/interrupt.h"
 #include "script/numbers.h"
 #include "script/operand_stack.h"
 #include "script/operators.h"
@@ -97,7 +98,7 @@ void apply_power(ScriptValue& a, ScriptValue& b) {
     const ScriptValue& shape = array_base ? a : b;
     void* data = allocate(std::int64_t{shape.count} * element_size(w.result));
     if (!data) return;
-    for (int i = 0; i < shape.count; ++i)
+    for (int i = 0; i < shape.count && !interrupted(); ++i)
       power_element(w, data_of(a), array_base ? i : 0, data_of(b), array_exponent ? i : 0, data, i, fault);
     if (!array_base) std::swap(a, b);
     std::free(a.value.data);

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "script/evaluator.h"
+#include "script/interrupt.h"
 #include "script/numbers.h"
 
 namespace qsl {
@@ -61,7 +62,7 @@ void print_complex(Complex z) { std::printf("     (%f, %f)\n", static_cast<doubl
 void print_number_array(const ScriptValue& v, const PrintLine& line) {
   if (line.open) std::putchar('\n');
   const int element = element_of(v.type);
-  for (int i = 0; i < v.count; ++i) {
+  for (int i = 0; i < v.count && !interrupted(); ++i) {
     print_wide_number(element, v.value.data, i);
     if (i % kColumns == kColumns - 1) std::putchar('\n');
   }
@@ -97,7 +98,7 @@ void print_value(const ScriptValue& v, PrintLine& line) {
   case kDoubleArray: print_number_array(v, line); return count_value(line);
   case kComplexArray:
     close_line(line);
-    for (int i = 0; i < v.count; ++i) print_complex(elements<Complex>(v)[i]);
+    for (int i = 0; i < v.count && !interrupted(); ++i) print_complex(elements<Complex>(v)[i]);
     line.column = 0;
     return;
   default: return;
@@ -123,7 +124,7 @@ void print_in_line(const ScriptValue& v) {
   if (v.type == kString || v.type == kCharArray) {
     std::printf("%.*s ", characters_before_zero(v), text_of(v));
   } else if (is_array(v.type)) {
-    for (int i = 0; i < v.count; ++i) print_narrow_number(element_of(v.type), v.value.data, i);
+    for (int i = 0; i < v.count && !interrupted(); ++i) print_narrow_number(element_of(v.type), v.value.data, i);
   } else {
     print_narrow_number(v.type, &v.value, 0);
   }

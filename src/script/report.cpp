@@ -4,9 +4,17 @@
 #include <cstdio>
 
 #include "script/interpreter.h"
+#include "script/interrupt.h"
 
 namespace qsl {
 namespace {
+
+// What an interrupted statement meets on its way out is no fault of the script.
+bool begin_report() {
+  if (interrupted()) return false;
+  ++interp.driver.diagnostics;
+  return true;
+}
 
 int record_shown() { return interp.reader.record_counter + 1; }
 
@@ -28,7 +36,7 @@ const char* color_off() { return interp.driver.color ? "\033[0m" : ""; }
 } // namespace
 
 void report_error(const char* text) {
-  ++interp.driver.diagnostics;
+  if (!begin_report()) return;
   if (!interp.driver.interactive_mode) {
     std::printf(" >>>> %s in record %d (%s)\n", text, record_shown(), file_shown());
     return;
@@ -38,7 +46,7 @@ void report_error(const char* text) {
 }
 
 void report_error_text(const char* text, const char* word) {
-  ++interp.driver.diagnostics;
+  if (!begin_report()) return;
   if (!interp.driver.interactive_mode) {
     std::printf(" >>>> %s %s in record %d (%s)\n", text, word, record_shown(), file_shown());
     return;
@@ -48,7 +56,7 @@ void report_error_text(const char* text, const char* word) {
 }
 
 void report_error_char(const char* text, char character) {
-  ++interp.driver.diagnostics;
+  if (!begin_report()) return;
   if (!interp.driver.interactive_mode) {
     std::printf(" >>>> %s '%c' in record %d (%s)\n", text, character, record_shown(), file_shown());
     return;
@@ -58,7 +66,7 @@ void report_error_char(const char* text, char character) {
 }
 
 void report_file_error(const char* format, ...) {
-  ++interp.driver.diagnostics;
+  if (!begin_report()) return;
   std::va_list arguments;
   va_start(arguments, format);
   std::vprintf(format, arguments);

@@ -156,6 +156,29 @@ def test_interrupts(folder):
     prompt.close()
 
 
+def test_long_statements(folder):
+    """The statement has no result when it is stopped on its way."""
+    prompt = Prompt(folder, NO_COLOR="1")
+    prompt.type("A = FALLOC(40000000) + 1.\n")
+    prompt.expect("QSL>")
+    for long_one in ("A ** 0.37", "SIN(COS(TAN(SIN(COS(TAN(A))))))", "DOUBLE(SIN(A)) ** 1.1"):
+        prompt.type("B = %s\n" % long_one)
+        prompt.expect("\n")
+        time.sleep(0.1)
+        prompt.type("\x03")
+        seen = prompt.expect("QSL>")
+        check("an interrupt stops " + long_one, seen is not None and seen.count(">>>>") == 1 and "Interrupted" in seen, seen)
+        prompt.type("PRINTL B\n")
+        check("without a result", prompt.expect("Undefined identifier B") is not None, prompt.text)
+        prompt.expect("QSL>")
+    prompt.type("PRINTL A\n")
+    prompt.expect("5.000000")
+    prompt.type("\x03")
+    check("an interrupt stops a long print", prompt.expect(">>>> Interrupted") is not None, prompt.text[-200:])
+    prompt.expect("QSL>")
+    prompt.close()
+
+
 def test_script(folder):
     (folder / "endless.qsl").write_text(
         "%QSL\nN = FOPEN('kept.txt', 'w')\nFPUTS('kept', N)\nPRINTL 'runs'\nFFLUSH(0)\nO = FOPEN('con:','w')\nFFLUSH(O)\n"
@@ -188,7 +211,8 @@ def test_pipe(folder):
 def main():
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
-        for test in (test_editing, test_history, test_completion, test_interrupts, test_script, test_pipe):
+        for test in (test_editing, test_history, test_completion, test_interrupts, test_long_statements,
+                     test_script, test_pipe):
             test(folder)
     print("%d failed" % len(failed))
     return 1 if failed else 0

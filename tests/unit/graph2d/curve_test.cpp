@@ -1,6 +1,8 @@
 #include <cmath>
+#include <csignal>
 #include <numeric>
 
+#include "core/stop_request.h"
 #include "graph2d/curve_path.h"
 #include "graph2d/spline.h"
 #include "plot_fixture.h"
@@ -179,6 +181,20 @@ TEST_F(Curve, NoSymbol) {
 TEST_F(Curve, SymbolOffThePage) {
   open();
   EXPECT_EQ(outputOf([] { SYMBOL(3, 3000, 10); }), " <<<< Warning 193: (3000/10) out of page in symbol!\n");
+}
+
+TEST_F(Curve, AStoppedRoutineDrawsNoMore) {
+  openSystem();
+  float x[] = {1, 2, 3}, y[] = {1, 2, 1};
+  volatile std::sig_atomic_t stopped = 1;
+  const volatile std::sig_atomic_t* usual = stopFlag;
+  stopFlag = &stopped;
+  CURVE(x, y, 3);
+  LINE(0, 10, 2900, 10);
+  stopped = 0;
+  CURVE(x, y, 3); // the plot is usable as before
+  stopFlag = usual;
+  EXPECT_EQ(traced("draw"), (Lines{"700.00 1300.00", "800.00 1400.00"}));
 }
 
 TEST_F(Curve, SplineChecks) {
