@@ -1,7 +1,7 @@
-// Arbitrary bytes as a PLTM or CGM file that is drawn into a plot. The first byte chooses the reader, a device with
-// true or indexed colours, and the table.
+// Arbitrary bytes as a PLTM or CGM file that is drawn into a plot. READER is 0 for PLTM and 1 for CGM; the first byte
+// chooses a device with true or indexed colours, and the table.
 //
-//   clang++ -std=c++20 -g -O1 -fsanitize=fuzzer,address,undefined -Isrc -Iinclude -DQUILLA_SHARE_DIR='""' \
+//   clang++ -std=c++20 -g -O1 -fsanitize=fuzzer,address,undefined -Isrc -Iinclude -DREADER=0 -DQUILLA_SHARE_DIR='""' \
 //     tests/fuzz/include_fuzz.cpp <sources of the library> -lz -o include_fuzz
 //   ./include_fuzz -max_total_time=600 <folder with a plot file of each kind behind a byte of any value>
 #include <cstdint>
@@ -25,7 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if ((data[0] & 4) != 0) loadColorTable(s, kTableReverseRain);
   std::FILE* file = fmemopen(const_cast<std::uint8_t*>(data + 1), size - 1, "rb");
   const FileBox box = {100.0F, 50.0F, 1000.0F, 700.0F};
-  if ((data[0] & 1) != 0) {
+  if (READER == 1) {
     drawCgm(s, file, box);
   } else {
     drawPltm(s, file, box);

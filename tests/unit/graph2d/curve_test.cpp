@@ -190,7 +190,6 @@ TEST_F(Curve, AStoppedRoutineDrawsNoMore) {
   const volatile std::sig_atomic_t* usual = stopFlag;
   stopFlag = &stopped;
   CURVE(x, y, 3);
-  LINE(0, 10, 2900, 10);
   stopped = 0;
   CURVE(x, y, 3); // the plot is usable as before
   stopFlag = usual;
