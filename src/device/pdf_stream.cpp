@@ -75,7 +75,7 @@ int packStream(PdfWriter& pdf) {
   if (!pdf.packBuffer) return -1;
 #ifdef QUILLA_LIBDEFLATE
   // The least level whose streams are no longer than those of zlib at its default.
-  constexpr int kLevel = 6;
+  constexpr int kLevel = 5;
   libdeflate_compressor* compressor = libdeflate_alloc_compressor(kLevel);
   if (!compressor) return -1;
   const std::size_t packed = libdeflate_zlib_compress(
