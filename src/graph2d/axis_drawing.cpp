@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/colors.h"
+#include "core/messages.h"
 #include "core/pipeline.h"
 #include "graph2d/axis_labels.h"
 #include "graph2d/calendar.h"
@@ -13,7 +14,7 @@ namespace quilla {
 
 namespace {
 
-constexpr int kTickLimit = 10000; // ticks of one axis on each side of the first label
+constexpr int kTickLimit = 10000; // ticks of one axis; a step that asks for more is taken as a mistake
 constexpr double kTickSlack = 0.0001;
 enum ColorPart : int { kColorLine = 0, kColorTicks = 1, kColorLabels = 2, kColorName = 3 };
 constexpr int kPositionReverse = 1, kPositionCenter = 2; // TICPOS
@@ -52,8 +53,14 @@ struct TickPen {
   PlotState* s;
   const AxisPlace& place;
   bool back = false;
+  int drawn = 0;
+  bool cut = false; // ticks were left out
 
   void tick(int offset, int length) {
+    if (drawn++ >= kTickLimit) {
+      cut = true;
+      return;
+    }
     int inner = 0, outer = length;
     if (s->axis.tickPosition[place.axis] == kPositionReverse) outer = -length;
     if (s->axis.tickPosition[place.axis] == kPositionCenter) {
@@ -84,7 +91,10 @@ bool hasDecadeTicks(const PlotState* s, int axis) {
 void drawDecadeTicks(PlotState* s, TickPen& pen, int axis) {
   double a = static_cast<double>(s->scaling.axisStart[axis]), e = static_cast<double>(s->scaling.axisEnd[axis]);
   double low = std::floor(std::fmin(a, e)), high = std::fmax(a, e);
-  if (high - low > kTickLimit) return;
+  if (high - low > kTickLimit) {
+    pen.cut = true;
+    return;
+  }
   for (double decade = low; decade <= high; decade += 1.0) {
     for (int k = 2; k <= 9; k++) {
       double value = decade + std::log10(static_cast<double>(k));
@@ -104,7 +114,10 @@ void drawCalendarMinorTicks(PlotState* s, TickPen& pen, int axis, double from, d
   double low = std::fmin(from, to), high = std::fmax(from, to);
   if (mode == kModeDays || mode == kModeHours) {
     double step = mode == kModeDays ? 1.0 : 1.0 / 24.0;
-    if ((high - low) / step > kTickLimit) return;
+    if ((high - low) / step > kTickLimit) {
+      pen.cut = true;
+      return;
+    }
     for (int i = 1; low + i * step < high - kTickSlack; i++) tickAt(low + i * step);
   } else if (mode > 0 && mode <= kModeTwoMonths) {
     CalendarDate first = dateOfValue(s, low);
@@ -127,13 +140,13 @@ void drawCalendarTicks(PlotState* s, TickPen& pen, int axis) {
   for (int i = low; i < kTickLimit; i++) {
     double value = calendarValue(s, axis, i);
     if (withinScale(s, axis, value)) pen.tick(axisOffset(s, axis, value), s->axis.tickLengthMajor);
-    if (beyond(value, e, e >= a)) break;
+    if (beyond(value, e, e >= a)) return;
     drawCalendarMinorTicks(s, pen, axis, value, calendarValue(s, axis, i + 1));
   }
+  pen.cut = true;
 }
 
-void drawTicks(PlotState* s, const AxisPlace& p) {
-  TickPen pen{s, p};
+void drawAllTicks(PlotState* s, TickPen& pen, const AxisPlace& p) {
   if (isCalendarAxis(s, p.axis)) return drawCalendarTicks(s, pen, p.axis);
   bool decades = hasDecadeTicks(s, p.axis);
   int perLabel = decades || s->axis.tickCount[p.axis] < 1 ? 1 : s->axis.tickCount[p.axis];
@@ -155,6 +168,13 @@ void drawTicks(PlotState* s, const AxisPlace& p) {
     pen.tick(axisOffset(s, p.axis, value), i % perLabel == 0 ? s->axis.tickLengthMajor : s->axis.tickLengthMinor);
   }
   if (decades) drawDecadeTicks(s, pen, p.axis);
+  pen.cut = pen.cut || range.cut;
+}
+
+void drawTicks(PlotState* s, const AxisPlace& p) {
+  TickPen pen{s, p};
+  drawAllTicks(s, pen, p);
+  if (pen.cut) warnCutTicks(s);
 }
 
 // What the major ticks take outside the axis line.
@@ -276,8 +296,10 @@ TickRange tickRange(const PlotState* s, int axis, double interval) {
   double forward = (static_cast<double>(s->scaling.axisEnd[axis]) - first) / interval + kTickSlack;
   double backward = (first - static_cast<double>(s->scaling.axisStart[axis])) / interval + kTickSlack;
   auto limited = [](double n) { return n < 0.0 ? 0 : n < kTickLimit ? static_cast<int>(n) : kTickLimit; };
-  return {-limited(backward), limited(forward)};
+  return {-limited(backward), limited(forward), forward >= kTickLimit || backward >= kTickLimit};
 }
+
+void warnCutTicks(PlotState* s) { warnWithText(s, 160, "More than 10000 ticks on an axis, some are left out"); }
 
 void drawAxis(PlotState* s, const AxisPlace& p) {
   if (p.parts < kPartLine) return;

@@ -24,7 +24,9 @@ int axisOffset(const PlotState* s, int axis, double value);
 // Range of i of the ticks first + i * interval within the scaling; at most a fixed number of them.
 struct TickRange {
   int low, high;
+  bool cut; // the scale asks for more ticks than are drawn
 };
+void warnCutTicks(PlotState* s); // warning 160
 TickRange tickRange(const PlotState* s, int axis, double interval);
 
 } // namespace quilla

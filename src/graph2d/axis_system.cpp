@@ -165,6 +165,7 @@ void gridLines(PlotState* s, int axis, int perStep) {
   const AxisGroup& a = s->axis;
   double interval = static_cast<double>(s->scaling.axisStep[axis]) / perStep;
   TickRange range = tickRange(s, axis, interval);
+  if (range.cut) warnCutTicks(s);
   bool back = false;
   for (int i = range.low; i <= range.high; i++, back = !back) {
     int offset = axisOffset(s, axis, static_cast<double>(s->scaling.axisFirstLabel[axis]) + i * interval);

@@ -298,6 +298,23 @@ TEST_F(Axis, GridStaysInside) {
   EXPECT_EQ(traced("draw"), (Lines{"500.00 1000.00", "1000.00 1500.00", "1500.00 1000.00"}));
 }
 
+TEST_F(Axis, StepsThatWouldGiveMillionsOfTicks) {
+  const std::string warning = " <<<< Warning 160: More than 10000 ticks on an axis, some are left out in graf!\n";
+  open();
+  LABELS("NONE", "XY");
+  EXPECT_EQ(outputOf([] { GRAF(0, 1, 0, 1e-6F, 0, 1, 0, 0.5F); }), warning + warning); // two sides
+  EXPECT_EQ(outputOf([] { GRID(2, 0); }),
+            " <<<< Warning 160: More than 10000 ticks on an axis, some are left out in grid!\n");
+  ENDGRF();
+  EXPECT_EQ(outputOf([] { GRAF(0, 1, 0, 0.00025F, 0, 1, 0, 0.5F); }), ""); // 4000 steps
+  ENDGRF();
+  EXPECT_EQ(outputOf([] { GRAF(-1e38F, 1e38F, 0, 1e30F, 0, 1e-30F, 0, 1e-30F); }), warning + warning);
+  ENDGRF();
+  std::size_t lines = traced("draw").size();
+  EXPECT_GT(lines, 4U * 10000U);
+  EXPECT_LT(lines, 9U * 10000U); // two axes of two sides, three systems, a grid
+}
+
 TEST_F(Axis, LinesThroughTheOrigin) {
   openSystem(-1, 1, -1, 1, 0, 1, 0, 1);
   AXGIT(); // y = 0 is an end of the scaling, so that only the line x = 0 is drawn
