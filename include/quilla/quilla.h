@@ -255,12 +255,13 @@ void GETRCO(float re, float im, float* r, float* i);        /* 1..3: reflection 
 void GETICO(float r, float i, float* re, float* im);        /* 1..3: impedance of a reflection coefficient */
 void ENDGRF(void);                                          /* 1..3 */
 void AXSLEN(int nx, int ny);                                /* 1: lengths, at least 2 */
-void AXSPOS(int nx, int ny);                                /* 1: lower left corner */
-void AXSORG(int nx, int ny);                                /* 1: crossing of the axes */
-void AXSTYP(const char* type);                              /* 1: "RECT", "CROS", "IMPE", "ADMI" */
-void AXSSCL(const char* scale, const char* axes);           /* setter: "LIN", "LOG" */
-void SCALE(const char* scale, const char* axes);            /* setter: the same */
-void SETSCL(const float* x, int n, const char* axis);       /* 1: automatic scaling from an array */
+void AX3LEN(int nx, int ny, int nz); /* 1: lengths of X and Y axis and of the third axis or colour bar, 2 or more */
+void AXSPOS(int nx, int ny);         /* 1: lower left corner */
+void AXSORG(int nx, int ny);         /* 1: crossing of the axes */
+void AXSTYP(const char* type);       /* 1: "RECT", "CROS", "IMPE", "ADMI" */
+void AXSSCL(const char* scale, const char* axes);     /* setter: "LIN", "LOG" */
+void SCALE(const char* scale, const char* axes);      /* setter: the same */
+void SETSCL(const float* x, int n, const char* axis); /* 1: automatic scaling from an array */
 void SETGRF(const char* bottom, const char* left, const char* top, const char* right); /* 1: "NONE" ... "NAME" */
 void NOGRAF(void);                                                                     /* setter */
 void AX2GRF(void);                                                                     /* setter */
@@ -297,6 +298,8 @@ void YAXIS(float a, float e, float first, float step, int length, const char* na
 void XAXLG(float a, float e, float first, float step, int length, const char* name, int it, int nx, int ny);
 void YAXLG(float a, float e, float first, float step, int length, const char* name, int it, int nx, int ny);
 /* 1..3: logarithmic axes, limits and step as exponents of ten */
+void YPOLAR(float a, float e, float first, float step, const char* name, int distance);
+/* 2, 3: a linear axis over the whole height of a polar system, at a distance to its left; warning 160 without one */
 void GAXPAR(float a1, float a2, const char* option, const char* axes, float* a, float* b, float* first, float* step,
             int* digits); /* setter: what automatic scaling gives for the limits; "EXTEND": whole steps */
 
@@ -339,27 +342,33 @@ void TRFDAT(int n, int* day, int* month, int* year); /* any: the date n days aft
 int NWKDAY(int day, int month, int year);            /* any: 1 Monday to 7 Sunday */
 int GETHNM(void);                                    /* 1..3: height of axis names */
 void GETDIG(int* nx, int* ny, int* nz);              /* 1..3 */
-void GETTIC(int* nx, int* ny, int* nz);              /* 1..3 */
-void GETTCL(int* major, int* minor);                 /* 1..3 */
+void GETLAB(const char** x, const char** y, const char** z); /* 1..3: the keywords of LABELS */
+void GETSP1(int* nx, int* ny, int* nz);                      /* 1..3: distances of labels from their ticks */
+void GETSP2(int* nx, int* ny, int* nz);                      /* 1..3: distances of names from their labels */
+void GETTIC(int* nx, int* ny, int* nz);                      /* 1..3 */
+void GETTCL(int* major, int* minor);                         /* 1..3 */
 
 /* ---- Curves ---------------------------------------------------------------------------------------------------- */
 
 void CURVE(const float* x, const float* y, int n); /* 2, 3 */
 void POLCRV(const char* mode);                     /* setter: "LINE", "STEP", "STEM", "STAI", ... */
-void SPLMOD(int degree, int points);               /* setter: degree 2..10, points 5..30000 */
-void THKCRV(int thickness);                        /* setter: 1..10000 */
-void MARKER(int symbol);                           /* setter: -1..23 */
-void HSYMBL(int height);                           /* setter: 1..10000 */
-void MRKCLR(int color);                            /* setter */
-void INCMRK(int step);                             /* setter */
-void INCCRV(int n);                                /* setter: 1..32000 */
-void CHNCRV(const char* mode);                     /* setter: "NONE", "COLO", "LINE", "BOTH" */
-void LINCYC(int i, int type);                      /* setter: i 1..30, type 0..7 */
-void CLRCYC(int i, int color);                     /* setter: i 1..30 */
-void GAPCRV(float gap);                            /* setter */
-void GAPSIZ(float gap, const char* axes);          /* setter */
-void NANCRV(const char* mode);                     /* 1..3: "ON", "OFF" */
-void SYMROT(float degrees);                        /* setter */
+/* 1..3: the points of the spline that CURVE would draw through x and y, in xray and yray, which hold as many as SPLMOD
+ * told (201); nray: their number, 0 after a warning. (2 * degree + 1) * n is 1000 at most, else warning 31. */
+void SPLINE(const float* x, const float* y, int n, float* xray, float* yray, int* nray);
+void SPLMOD(int degree, int points);      /* setter: degree 2..10, points 5..30000 */
+void THKCRV(int thickness);               /* setter: 1..10000 */
+void MARKER(int symbol);                  /* setter: -1..23 */
+void HSYMBL(int height);                  /* setter: 1..10000 */
+void MRKCLR(int color);                   /* setter */
+void INCMRK(int step);                    /* setter */
+void INCCRV(int n);                       /* setter: 1..32000 */
+void CHNCRV(const char* mode);            /* setter: "NONE", "COLO", "LINE", "BOTH" */
+void LINCYC(int i, int type);             /* setter: i 1..30, type 0..7 */
+void CLRCYC(int i, int color);            /* setter: i 1..30 */
+void GAPCRV(float gap);                   /* setter */
+void GAPSIZ(float gap, const char* axes); /* setter */
+void NANCRV(const char* mode);            /* 1..3: "ON", "OFF" */
+void SYMROT(float degrees);               /* setter */
 void ERRBAR(const float* x, const float* y, const float* e1, const float* e2, int n); /* 2, 3: bars y - e1..y + e2 */
 void MYSYMB(const float* x, const float* y, int n, int symbol, int fill); /* 1..3: own symbol in the square -50..50 */
 void CHNATT(void);                                                        /* 1..3: next attributes of the cycle */

@@ -1,4 +1,5 @@
 // Setters and readers of axis systems.
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 
@@ -12,6 +13,10 @@
 using namespace quilla;
 
 namespace {
+
+constexpr const char* kLabelKinds =
+    "NONE+FLOA+EXP +LOG +CLOG+ELOG+MAP +DMAP+LMAP+TIME+HOUR+SECO+MYLA+FEXP+DATE+MAPN+XEXP";
+constexpr int kLabelKindCount = 17;
 
 constexpr int kLargestDimension = 10000;
 constexpr const char* kPartKeywords = "NONE+LINE+TICK+LABE+NAME";
@@ -92,6 +97,15 @@ Limits limitsOf(const float* x, int n) {
 }
 
 } // namespace
+
+void AX3LEN(int nx, int ny, int nz) {
+  PlotState* s = strictCheck(1, 1, "ax3len");
+  if (!s || checkRange(s, nx, 2, -1) || checkRange(s, ny, 2, -1)) return;
+  if (checkRange(s, nz, 2, std::max(s->geometry.pageWidth, s->geometry.pageHeight))) return;
+  s->axis.axisLength[kAxisX] = limitedDistance(nx);
+  s->axis.axisLength[kAxisY] = limitedDistance(ny);
+  s->axis.axisLength[kAxisZ] = nz;
+}
 
 void AXSLEN(int nx, int ny) {
   PlotState* s = strictCheck(1, 1, "axslen");
@@ -220,10 +234,9 @@ void LOGTIC(const char* mode) {
 }
 
 void LABELS(const char* kind, const char* axes) {
-  constexpr const char* kKinds = "NONE+FLOA+EXP +LOG +CLOG+ELOG+MAP +DMAP+LMAP+TIME+HOUR+SECO+MYLA+FEXP+DATE+MAPN+XEXP";
   PlotState* s = setterCheck("labels");
   if (!s || setChartLabels(s, kind, axes)) return;
-  int found = matchKeyword(s, kKinds, 17, kind);
+  int found = matchKeyword(s, kLabelKinds, kLabelKindCount, kind);
   if (!found) return;
   eachAxis(axes, [&](int axis) {
     s->axis.labelKind[axis] = found - 1;
@@ -388,6 +401,25 @@ int GETHNM(void) {
 
 void GETDIG(int* nx, int* ny, int* nz) {
   if (PlotState* s = strictCheck(1, 3, "getdig")) copyThree(s->axis.labelDigits, nx, ny, nz);
+}
+
+void GETLAB(const char** x, const char** y, const char** z) {
+  constexpr const char* kWords[kLabelKindCount] = {"NONE", "FLOA", "EXP",  "LOG",  "CLOG", "ELOG",
+                                                   "MAP",  "DMAP", "LMAP", "TIME", "HOUR", "SECO",
+                                                   "MYLA", "FEXP", "DATE", "MAPN", "XEXP"};
+  PlotState* s = strictCheck(1, 3, "getlab");
+  if (!s) return;
+  *x = kWords[s->axis.labelKind[kAxisX]];
+  *y = kWords[s->axis.labelKind[kAxisY]];
+  *z = kWords[s->axis.labelKind[kAxisZ]];
+}
+
+void GETSP1(int* nx, int* ny, int* nz) {
+  if (PlotState* s = strictCheck(1, 3, "getsp1")) copyThree(s->axis.labelDistance, nx, ny, nz);
+}
+
+void GETSP2(int* nx, int* ny, int* nz) {
+  if (PlotState* s = strictCheck(1, 3, "getsp2")) copyThree(s->axis.nameDistance, nx, ny, nz);
 }
 
 void GETTIC(int* nx, int* ny, int* nz) {

@@ -65,6 +65,15 @@ void YAXLG(float a, float e, float first, float step, int length, const char* na
   drawSingleAxis("yaxlg", kAxisY, true, {a, e, first, step}, length, name, it, nx, ny);
 }
 
+void YPOLAR(float a, float e, float first, float step, const char* name, int distance) {
+  PlotState* s = strictCheck(2, 3, "ypolar");
+  if (!s) return;
+  if (s->axis.axisSystemKind != kSystemPolar) return warnWithText(s, 160, "There is no polar axis system");
+  int foot = roundHalfUp(userY(s, static_cast<float>(s->axis.axisPosY)));
+  drawSingleAxis("ypolar", kAxisY, false, {a, e, first, step}, s->axis.axisLength[kAxisY], name, 1,
+                 addCoordinates(s->axis.axisPosX, -limitedDistance(distance)), foot);
+}
+
 void GAXPAR(float a1, float a2, const char* option, const char* axes, float* a, float* b, float* first, float* step,
             int* digits) {
   constexpr int kMostSteps = 100, kExtended = 2;

@@ -4,9 +4,11 @@
 #include <memory>
 #include <new>
 
+#include "core/levels.h"
 #include "core/messages.h"
 #include "core/pipeline.h"
 #include "graph2d/scaling.h"
+#include "quilla/quilla.h"
 
 namespace quilla {
 
@@ -108,10 +110,19 @@ bool enoughPoints(PlotState* s, int n) {
   return false;
 }
 
-void splinePoint(PlotState* s, float x, float y, bool move) {
-  if (s->axis.axisLogScale[kAxisY] != 0 && !(y > 0.0F)) y = kSmallestLogValue;
+bool warned(PlotState* s, int number) {
+  warnPlain(s, number);
+  return false;
+}
+
+// On a logarithmic axis results at or below 0 are raised.
+float visibleY(const PlotState* s, float y) {
+  return s->axis.axisLogScale[kAxisY] != 0 && !(y > 0.0F) ? kSmallestLogValue : y;
+}
+
+void drawSplinePoint(PlotState* s, float x, float y, int i) {
   PlotPoint p = plotPoint(s, x, y);
-  if (move) {
+  if (i == 0) {
     penMove(s, p.x, p.y);
   } else {
     penDraw(s, p.x, p.y);
@@ -148,16 +159,20 @@ double splineValue(const double* knots, const double* coefficients, int n, int d
   return sum;
 }
 
-void drawSpline(PlotState* s, const CurveData& d) {
+namespace {
+
+// The points of a spline, y over x, in their order: emit(x, y, index). The last one is the data point itself. False
+// after a warning, before any point.
+template <class Emit> bool splineOverX(PlotState* s, const CurveData& d, Emit emit) {
   int degree = s->curve.splineDegree, n = d.n, points = s->curve.splinePoints;
   SplineWork w;
-  if (!enoughPoints(s, n)) return;
+  if (!enoughPoints(s, n)) return false;
   for (int i = 1; i < n; i++) {
-    if (!(d.x[i] > d.x[i - 1])) return warnPlain(s, 32);
+    if (!(d.x[i] > d.x[i - 1])) return warned(s, 32);
   }
-  if (!allocateWork(s, n, degree, w)) return;
+  if (!allocateWork(s, n, degree, w)) return false;
   for (int i = 0; i < n; i++) w.sites[i] = static_cast<double>(d.x[i]);
-  if (!splineCoefficients(w.sites, d.y, n, degree, w.knots, w.band, w.yCoefficients)) return warnPlain(s, 38);
+  if (!splineCoefficients(w.sites, d.y, n, degree, w.knots, w.band, w.yCoefficients)) return warned(s, 38);
   bool logarithmic = s->axis.axisLogScale[kAxisX] != 0;
   double from = w.sites[0], to = w.sites[n - 1];
   if (logarithmic) {
@@ -167,16 +182,18 @@ void drawSpline(PlotState* s, const CurveData& d) {
   for (int i = 0; i + 1 < points; i++) {
     double t = from + (to - from) * i / (points - 1);
     if (logarithmic) t = std::pow(10.0, t);
-    splinePoint(s, static_cast<float>(t), static_cast<float>(splineValue(w.knots, w.yCoefficients, n, degree, t)),
-                i == 0);
+    emit(static_cast<float>(t), visibleY(s, static_cast<float>(splineValue(w.knots, w.yCoefficients, n, degree, t))),
+         i);
   }
-  splinePoint(s, d.x[n - 1], d.y[n - 1], false);
+  emit(d.x[n - 1], visibleY(s, d.y[n - 1]), points - 1);
+  return true;
 }
 
-void drawParametricSpline(PlotState* s, const CurveData& d) {
+// x and y as splines over the length of the chord, in the same way.
+template <class Emit> bool splineOverChord(PlotState* s, const CurveData& d, Emit emit) {
   int degree = s->curve.splineDegree, n = d.n, points = s->curve.splinePoints;
   SplineWork w;
-  if (!enoughPoints(s, n) || !allocateWork(s, n, degree, w)) return;
+  if (!enoughPoints(s, n) || !allocateWork(s, n, degree, w)) return false;
   w.sites[0] = 0.0;
   for (int i = 1; i < n; i++) {
     double dx = static_cast<double>(d.x[i]) - d.x[i - 1], dy = static_cast<double>(d.y[i]) - d.y[i - 1];
@@ -184,14 +201,42 @@ void drawParametricSpline(PlotState* s, const CurveData& d) {
   }
   if (!splineCoefficients(w.sites, d.x, n, degree, w.knots, w.band, w.xCoefficients) ||
       !splineCoefficients(w.sites, d.y, n, degree, w.knots, w.band, w.yCoefficients)) {
-    return warnPlain(s, 38);
+    return warned(s, 38);
   }
   for (int i = 0; i + 1 < points; i++) {
     double t = w.sites[n - 1] * i / (points - 1);
-    splinePoint(s, static_cast<float>(splineValue(w.knots, w.xCoefficients, n, degree, t)),
-                static_cast<float>(splineValue(w.knots, w.yCoefficients, n, degree, t)), i == 0);
+    emit(static_cast<float>(splineValue(w.knots, w.xCoefficients, n, degree, t)),
+         visibleY(s, static_cast<float>(splineValue(w.knots, w.yCoefficients, n, degree, t))), i);
   }
-  splinePoint(s, d.x[n - 1], d.y[n - 1], false);
+  emit(d.x[n - 1], visibleY(s, d.y[n - 1]), points - 1);
+  return true;
+}
+
+} // namespace
+
+void drawSpline(PlotState* s, const CurveData& d) {
+  splineOverX(s, d, [s](float x, float y, int i) { drawSplinePoint(s, x, y, i); });
+}
+
+void drawParametricSpline(PlotState* s, const CurveData& d) {
+  splineOverChord(s, d, [s](float x, float y, int i) { drawSplinePoint(s, x, y, i); });
 }
 
 } // namespace quilla
+
+using namespace quilla;
+
+void SPLINE(const float* x, const float* y, int n, float* xray, float* yray, int* nray) {
+  constexpr long long kWorkLimit = 1000; // elements of the band system
+  PlotState* s = strictCheck(1, 3, "spline");
+  *nray = 0;
+  if (!s) return;
+  if ((2LL * s->curve.splineDegree + 1) * n > kWorkLimit) return warnWithNumber(s, 31, n);
+  CurveData data{x, y, n};
+  auto store = [&](float px, float py, int i) {
+    xray[i] = px;
+    yray[i] = py;
+  };
+  bool done = s->curve.curveMode == kCurvePSpline ? splineOverChord(s, data, store) : splineOverX(s, data, store);
+  if (done) *nray = s->curve.splinePoints;
+}

@@ -298,6 +298,27 @@ TEST_F(Axis, GridStaysInside) {
   EXPECT_EQ(traced("draw"), (Lines{"500.00 1000.00", "1000.00 1500.00", "1500.00 1000.00"}));
 }
 
+TEST_F(Axis, WhatReadersGive) {
+  open();
+  AX3LEN(1200, 800, 500);
+  int x = 0, y = 0, z = 0;
+  GETLEN(&x, &y, &z);
+  EXPECT_EQ(std::vector({x, y, z}), std::vector({1200, 800, 500}));
+  EXPECT_EQ(outputOf([] { AX3LEN(1200, 800, 1); }), " <<<< Warning 2: Incorrect parameter in ax3len!   (1)\n");
+  LABDIS(40, "X");
+  NAMDIS(50, "YZ");
+  GETSP1(&x, &y, &z);
+  EXPECT_EQ(std::vector({x, y, z}), std::vector({40, 24, 24}));
+  GETSP2(&x, &y, &z);
+  EXPECT_EQ(std::vector({x, y, z}), std::vector({30, 50, 50}));
+  LABELS("elog", "X");
+  LABELS("NONE", "Y");
+  LABELS("XEXP", "Z");
+  const char *a = "", *b = "", *c = "";
+  GETLAB(&a, &b, &c);
+  EXPECT_EQ((std::vector<std::string>{a, b, c}), (std::vector<std::string>{"ELOG", "NONE", "XEXP"}));
+}
+
 TEST_F(Axis, StepsThatWouldGiveMillionsOfTicks) {
   const std::string warning = " <<<< Warning 160: More than 10000 ticks on an axis, some are left out in graf!\n";
   open();

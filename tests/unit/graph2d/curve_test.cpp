@@ -208,6 +208,27 @@ TEST_F(Curve, SplineChecks) {
   EXPECT_EQ(traced("draw").size(), 199U);
 }
 
+TEST_F(Curve, SplinePoints) {
+  openSystem();
+  float x[] = {0, 1, 2, 3, 4, 5}, y[] = {0, 1, 8, 27, 64, 125}, px[201], py[201];
+  int n = -1;
+  SPLINE(x, y, 6, px, py, &n);
+  ASSERT_EQ(n, 200);
+  EXPECT_EQ(px[0], 0.0F);
+  EXPECT_EQ(px[199], 5.0F);
+  EXPECT_EQ(py[199], 125.0F);
+  for (int i = 0; i < n; i++) EXPECT_NEAR(py[i], px[i] * px[i] * px[i], 1e-3F) << i; // a cubic is its own spline
+  float many[143] = {};
+  EXPECT_EQ(outputOf([&] { SPLINE(many, many, 143, px, py, &n); }), // 7 * 143 > 1000
+            " <<<< Warning 31: Incorrect number of points for spline interpolation in spline!   (143)\n");
+  EXPECT_EQ(n, 0);
+  SPLMOD(3, 9);
+  POLCRV("PSPL");
+  SPLINE(x, x, 6, px, py, &n);
+  ASSERT_EQ(n, 9);
+  for (int i = 0; i < n; i++) EXPECT_NEAR(py[i], 0.625F * static_cast<float>(i), 1e-4F) << i;
+}
+
 // A cubic through points of a cubic polynomial is that polynomial.
 TEST(Spline, ReproducesPolynomials) {
   constexpr int n = 9;

@@ -69,6 +69,19 @@ TEST_F(SingleAxes, AutomaticParameters) {
   EXPECT_FALSE(state()->axis.autoScaled[kAxisY]);
 }
 
+TEST_F(SingleAxes, BesideAPolarSystem) {
+  open();
+  AXSPOS(1000, 1500);
+  AXSLEN(1001, 1001);
+  EXPECT_EQ(outputOf([] { YPOLAR(0, 1, 0, 1, "", 100); }), " <<<< Warning 3: Incorrect level in ypolar!   (1)\n");
+  POLAR(1, 0, 0.5F, 0, 30);
+  LABELS("NONE", "Y");
+  TICKS(0, "Y");
+  YPOLAR(-1, 1, -1, 0.5F, "", 100);
+  EXPECT_EQ(traced("move").back(), "900.00 1500.00"); // as tall as the system, 100 units to its left
+  EXPECT_EQ(traced("draw").back(), "900.00 500.00");
+}
+
 TEST_F(SingleAxes, ErrorBars) {
   open();
   AXSPOS(500, 1500);
