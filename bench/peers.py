@@ -1,6 +1,6 @@
 """The same pictures drawn by other programs, where they are installed.
 
-A workload has a name: small, large, svg, symbols or pages. commands(workload, folder) gives the peers that can draw it
+A workload has a name: small, large, svg, symbols, pages, or table: the columns of table.dat, to SVG. commands(workload, folder) gives the peers that can draw it
 as (name, command); what must be compiled is compiled before anything is measured. A picture has the axes, the texts
 and the data of ours: a sine of 100 points, or a Lissajous curve that never meets itself.
 """
@@ -10,7 +10,7 @@ import subprocess
 POINTS = {"large": 1000000, "svg": 1000000, "symbols": 100000}
 PAGES = 1000
 
-GNUPLOT_TERMINAL = {"svg": ("svg", "svg"), "symbols": ("postscript color", "ps")}
+GNUPLOT_TERMINAL = {"svg": ("svg", "svg"), "table": ("svg", "svg"), "symbols": ("postscript color", "ps")}
 GNUPLOT_CURVE = "[0:1300][0:10][-1:1] cos(t)*4.5+5,sin(1.2345*t)*0.9"
 
 
@@ -20,6 +20,8 @@ def gnuplot_text(workload):
             f"set ylabel 'Y'\nset samples {POINTS.get(workload, 100)}\n")
     if workload == "small":
         return head + "plot [0:10] sin(x) with lines notitle\n"
+    if workload == "table":
+        return head + "plot [0:1e6][0:100] 'table.dat' with lines notitle\n"
     if workload == "pages":
         return head + f"do for [i=1:{PAGES}] {{plot [0:10] sin(x) with lines notitle}}\n"
     style = "points pointtype 1" if workload == "symbols" else "lines"
@@ -27,7 +29,7 @@ def gnuplot_text(workload):
 
 
 def matplotlib_text(workload):
-    ending = {"svg": "svg", "symbols": "ps"}.get(workload, "pdf")
+    ending = {"svg": "svg", "table": "svg", "symbols": "ps"}.get(workload, "pdf")
     head = f"import matplotlib\nmatplotlib.use('{ending}')\nimport matplotlib.pyplot as p\nimport numpy as np\n"
     sine = "x = np.arange(100) * 0.1\ny = np.sin(x)\n"
     graph = "p.plot(x, y{style})\np.xlim(0, 10)\np.ylim(-1, 1)\np.title('Sine')\np.xlabel('X')\np.ylabel('Y')\n"
@@ -35,7 +37,10 @@ def matplotlib_text(workload):
         return (head + "from matplotlib.backends.backend_pdf import PdfPages\n" + sine +
                 f"with PdfPages('matplotlib.pdf') as pages:\n  for i in range({PAGES}):\n    p.clf()\n    " +
                 graph.format(style="").strip().replace("\n", "\n    ") + "\n    pages.savefig()\n")
-    if workload != "small":
+    if workload == "table":
+        sine = "x, y = np.loadtxt('table.dat', unpack=True)\n"
+        graph = graph.replace("p.xlim(0, 10)\np.ylim(-1, 1)", "p.xlim(0, 1e6)\np.ylim(0, 100)")
+    elif workload != "small":
         n = POINTS[workload]
         sine = f"t = np.arange({n}) * {1300 / n}\nx = np.cos(t) * 4.5 + 5\ny = np.sin(t * 1.2345) * 0.9\n"
     style = ", '+', markersize=3" if workload == "symbols" else ""
@@ -43,9 +48,12 @@ def matplotlib_text(workload):
 
 
 def r_text(workload):
-    device = {"svg": "svg('r.svg')", "symbols": "postscript('r.ps')"}.get(workload, "pdf('r.pdf')")
+    device = {"svg": "svg('r.svg')", "table": "svg('r.svg')", "symbols": "postscript('r.ps')"}.get(workload, "pdf('r.pdf')")
     graph = "plot(x, y, type='{kind}', pch=3, cex=0.3, xlim=c(0, 10), ylim=c(-1, 1), main='Sine', xlab='X', ylab='Y')\n"
-    if workload in POINTS:
+    if workload == "table":
+        data = "d <- scan('table.dat', list(0, 0), quiet=TRUE)\nx <- d[[1]]\ny <- d[[2]]\n"
+        graph = graph.replace("c(0, 10)", "c(0, 1e6)").replace("c(-1, 1)", "c(0, 100)")
+    elif workload in POINTS:
         n = POINTS[workload]
         data = f"t <- (0:{n - 1}) * {1300 / n}\nx <- cos(t) * 4.5 + 5\ny <- sin(t * 1.2345) * 0.9\n"
     else:
@@ -119,7 +127,7 @@ def commands(workload, folder):
     if shutil.which("gnuplot"):
         (folder / f"{workload}.gp").write_text(gnuplot_text(workload))
         found.append(("gnuplot", ["gnuplot", f"{workload}.gp"], None))
-    plplot = shutil.which("cc") and shutil.which("pkg-config") and plplot_command(workload, folder)
+    plplot = workload in PLPLOT_DEVICES and shutil.which("cc") and shutil.which("pkg-config") and plplot_command(workload, folder)
     if plplot:
         found.append(("PLplot", plplot, None))
     if shutil.which("Rscript"):
