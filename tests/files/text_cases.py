@@ -66,8 +66,10 @@ def placed_width(places, last, scale):
 
 
 def svg_and_ipe_letters_stand_as_measured(place):
-    for form, pattern, fonts in (("SVG", r'<text x="([-\d.]+)"', FONTS), ("IPE", r'<text pos="([-\d.]+) ', FONTS[:1])):
-        for font in fonts[:4]:
+    # An IPE file has the four faces of Times only.
+    times = ("Times-Roman", "Times-Bold", "Times-Italic", "Times-BoldItalic")
+    for form, pattern, fonts in (("SVG", r'<text x="([-\d.]+)"', FONTS), ("IPE", r'<text pos="([-\d.]+) ', times)):
+        for font in fonts:
             output = place.plot("METAFL('%s')" % form, "SETFIL('a.out')", "FILMOD('DELETE')", None,
                                 "ERRMOD('PROT','OFF')", "PSFONT('%s')" % font, "HEIGHT(%d)" % HEIGHT,
                                 "N = NLMESS('Hamburgefonsiv')", "PRINT N", "N = NLMESS('v')", "PRINT N",
