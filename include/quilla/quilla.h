@@ -15,6 +15,9 @@
 extern "C" {
 #endif
 
+/* Characters, with the end mark, of every text that a routine writes into memory of its caller. */
+enum { QUILLA_TEXT_SIZE = 256 };
+
 /* ---- A plot from begin to end ---------------------------------------------------------------------------------- */
 
 void QUIINI(void);            /* level 0: opens the plot and enters level 1 */
@@ -436,6 +439,14 @@ void LEGBGD(int color);                                /* setter: background, -1
 /* setter: line type or -1, thickness, symbol or -1, colour or -1, pattern or -1 of a line */
 void LEGPAT(int type, int thickness, int symbol, int color, int pattern, int line);
 void MIXLEG(void); /* setter: lines break at the control character of SETMIX */
+
+/* ---- Lists of texts: the items of a list are one string, separated by '|' ---------------------------------------- */
+
+void SWGMIX(const char* character, const char* key);  /* any: another separator, key "SEP" */
+int ITMCNT(const char* list);                         /* any: number of items, 0 of an empty list */
+const char* ITMSTR(const char* list, int n);          /* any: item n from 1, its first 255 characters */
+void ITMCAT(char* list, const char* item);            /* any: appends an item; the list has room for it */
+void ITMNCAT(char* list, int size, const char* item); /* any: the same if the list's size, end mark included, allows */
 
 /* ---- Numeric helpers: arrays of the user alone ----------------------------------------------------------------- */
 

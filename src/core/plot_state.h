@@ -18,6 +18,7 @@
 #include "graph2d/legend_group.h"
 #include "graph2d/pie_group.h"
 #include "text/text_group.h"
+#include "widget/widget_group.h"
 
 namespace quilla {
 
@@ -33,6 +34,7 @@ struct PlotState {
   LibrarySetup librarySetup;
   WindowSetup windowSetup;
   DateSetup dateSetup;
+  WidgetSetup widgetSetup;
 
   // Run lifetime: set by the default settings of QUIINI and by RESET("ALL").
   MessageGroup message;
