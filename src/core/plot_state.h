@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/color_group.h"
+#include "core/file_group.h"
 #include "core/level_group.h"
 #include "core/line_group.h"
 #include "core/message_group.h"
@@ -35,6 +36,7 @@ struct PlotState {
   WindowSetup windowSetup;
   DateSetup dateSetup;
   WidgetSetup widgetSetup;
+  UserFiles userFiles;
 
   // Run lifetime: set by the default settings of QUIINI and by RESET("ALL").
   MessageGroup message;

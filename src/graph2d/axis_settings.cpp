@@ -219,8 +219,14 @@ void LOGTIC(const char* mode) {
   if (int found = matchKeyword(s, "AUTO+FULL", 2, mode)) s->axis.logTickMode = found - 1;
 }
 
+namespace {
+
+constexpr int kKeyLength = 4;
+constexpr const char* kKinds = "NONE+FLOA+EXP +LOG +CLOG+ELOG+MAP +DMAP+LMAP+TIME+HOUR+SECO+MYLA+FEXP+DATE+MAPN+XEXP";
+
+} // namespace
+
 void LABELS(const char* kind, const char* axes) {
-  constexpr const char* kKinds = "NONE+FLOA+EXP +LOG +CLOG+ELOG+MAP +DMAP+LMAP+TIME+HOUR+SECO+MYLA+FEXP+DATE+MAPN+XEXP";
   PlotState* s = setterCheck("labels");
   if (!s || setChartLabels(s, kind, axes)) return;
   int found = matchKeyword(s, kKinds, 17, kind);
@@ -339,6 +345,10 @@ void TITJUS(const char* mode) {
   if (int found = matchKeyword(s, "CENT+LEFT+RIGH", 3, mode)) s->axis.titleJustify = found - 1;
 }
 
+void LFTTIT(void) {
+  if (PlotState* s = setterCheck("lfttit")) s->axis.titleJustify = 1;
+}
+
 void TITPOS(const char* mode) {
   PlotState* s = setterCheck("titpos");
   if (!s) return;
@@ -388,6 +398,24 @@ int GETHNM(void) {
 
 void GETDIG(int* nx, int* ny, int* nz) {
   if (PlotState* s = strictCheck(1, 3, "getdig")) copyThree(s->axis.labelDigits, nx, ny, nz);
+}
+
+void GETLAB(char* x, char* y, char* z) {
+  PlotState* s = strictCheck(1, 3, "getlab");
+  if (!s) return;
+  char* const texts[] = {x, y, z};
+  for (int axis = 0; axis < kAxisCount; ++axis) {
+    std::memcpy(texts[axis], kKinds + (kKeyLength + 1) * s->axis.labelKind[axis], kKeyLength);
+    texts[axis][kKeyLength] = '\0';
+  }
+}
+
+void GETSP1(int* nx, int* ny, int* nz) {
+  if (PlotState* s = strictCheck(1, 3, "getsp1")) copyThree(s->axis.labelDistance, nx, ny, nz);
+}
+
+void GETSP2(int* nx, int* ny, int* nz) {
+  if (PlotState* s = strictCheck(1, 3, "getsp2")) copyThree(s->axis.nameDistance, nx, ny, nz);
 }
 
 void GETTIC(int* nx, int* ny, int* nz) {

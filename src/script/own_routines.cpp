@@ -46,6 +46,15 @@ void run_quiini(const Call&) {
   apply_all_system_variables();
 }
 
+// Memory belongs to the variables: there is nothing to free.
+void run_nothing(const Call&) {}
+
+// Where arbitrary texts run, no file is touched.
+void run_openfl(const Call& call) {
+  if (interp.driver.harmless) return set_int(*call.result, -1);
+  run_bound<OPENFL, "S,I,I">(call);
+}
+
 // Not in the middle of a routine that draws.
 void run_quifin(const Call& call) {
   if (interp.callbacks.drawing > 0) return report_error_text("Routine not allowed in a callback:", call.name);

@@ -16,6 +16,20 @@ void run_intutf(const Call&) {
   write_int_output(operand_variable(4), length);
 }
 
+// The text of a variable changes.
+void run_upstr(const Call& call) {
+  const ScriptValue& v = operand_value(0);
+  if (v.type == kString) return UPSTR(elements<char>(v));
+  Argument<const char*> text(call, 0); // a CHAR array may have no end
+  if (text.copy) {
+    UPSTR(text.copy);
+    std::memcpy(v.value.data, text.copy, static_cast<std::size_t>(v.count));
+  } else {
+    UPSTR(elements<char>(v));
+  }
+  text.finish();
+}
+
 namespace {
 
 // Puts the list of operand 0 into a block with room for one more item, which the library appends.
