@@ -15,6 +15,9 @@
 extern "C" {
 #endif
 
+/* Characters, with the end mark, of every text that a routine writes into memory of its caller. */
+enum { QUILLA_TEXT_SIZE = 256 };
+
 /* ---- A plot from begin to end ---------------------------------------------------------------------------------- */
 
 void QUIINI(void);            /* level 0: opens the plot and enters level 1 */
@@ -22,6 +25,7 @@ void QUIFIN(void);            /* 1..3: finishes the plot, prints the protocol, b
 void RESET(const char* name); /* a group of settings, by the name of its routine, back to its default; "ALL" all */
 int GETLEV(void);             /* level 0..3 */
 double GETVER(void);          /* version of the library, 11.5 */
+int GETPLV(void);             /* its patch level, 2 */
 void THRINI(int n);           /* before all else: plots in up to n threads, each with its own state */
 void THRFIN(void);            /* ends the use of threads and frees their states */
 
@@ -89,10 +93,11 @@ void GETOR(int* nx, int* ny);    /* 1..3: origin */
 void PAGHDR(const char* before, const char* after, int position, int direction); /* 1..3: header with date and time */
 int NXPIXL(int nx, int ny); /* 1..3: pixel of a plot point on screens and rasters */
 int NYPIXL(int nx, int ny);
-void WINDOW(int nx, int ny, int nw, int nh); /* any: place and size of the window in pixels */
-void WINSIZ(int nw, int nh);                 /* any: size of the window, or of a raster, in pixels */
-void WINJUS(const char* corner);             /* any: "RBOT", "RTOP", "LTOP", "LBOT", "CENT" */
-void X11MOD(const char* mode);               /* 0: "STOR", "NOST", "AUTO", "PIXM" */
+void WINDOW(int nx, int ny, int nw, int nh);     /* any: place and size of the window in pixels */
+void WINSIZ(int nw, int nh);                     /* any: size of the window, or of a raster, in pixels */
+void GETWIN(int* nx, int* ny, int* nw, int* nh); /* 1..3: place and size of the window or raster in pixels */
+void WINJUS(const char* corner);                 /* any: "RBOT", "RTOP", "LTOP", "LBOT", "CENT" */
+void X11MOD(const char* mode);                   /* 0: "STOR", "NOST", "AUTO", "PIXM" */
 void TRFSHF(int nx, int ny); /* setters: transformation of plot coordinates, each after the earlier ones */
 void TRFSCL(float xscl, float yscl);
 void TRFROT(float degrees, int nx, int ny);
@@ -103,6 +108,8 @@ void TRFRES(void); /* setter: ends it */
 void LINE(int nx1, int ny1, int nx2, int ny2); /* 1..3 */
 void XMOVE(float x, float y);                  /* 1..3: undashed move */
 void XDRAW(float x, float y);                  /* 1..3: undashed draw */
+void STRTPT(float x, float y);                 /* 1..3: move to a point, for lines in the current line type */
+void CONNPT(float x, float y);                 /* 1..3: draws from there to a point */
 void SOLID(void);                              /* setters: line types */
 void DOT(void);
 void DASH(void);
@@ -155,6 +162,7 @@ void RGBHSV(float r, float g, float b, float* h, float* s, float* v); /* any */
 void REVSCR(void);                               /* 1..3: swaps foreground and background of the table */
 void VLTFIL(const char* file, const char* mode); /* 1..3: "SAVE", "LOAD": the table as a file of text */
 void CLRMOD(const char* mode);                   /* 0: "NONE", "FULL", "CONT" */
+void GETRAN(int* low, int* high);                /* 1..3: range of shading colours */
 void COLRAN(int low, int high);                  /* setter: range of shading colours */
 
 /* ---- Shields: regions that lines do not enter ------------------------------------------------------------------ */
@@ -177,13 +185,23 @@ int SHLIND(void);                                         /* setter: number of r
 void AREAF(const int* nx, const int* ny, int n);    /* 1..3: polygon */
 void RLAREA(const float* x, const float* y, int n); /* 2, 3: polygon in user coordinates */
 void SHDCRV(const float* x1, const float* y1, int n1, const float* x2, const float* y2,
-            int n2);                                     /* 2, 3: between two curves */
-void NOARLN(void);                                       /* setter: areas without outlines */
-void RECTAN(int nx, int ny, int nw, int nh);             /* 1..3: rectangle, upper left corner and size */
-void RECFLL(int nx, int ny, int nw, int nh, int color);  /* 1..3: rectangle in a colour, -1 the current one */
-void POINT(int nx, int ny, int nb, int nh, int color);   /* 1..3: the same around its middle */
-void CIRCLE(int nx, int ny, int radius);                 /* 1..3 */
-void ELLIPS(int nx, int ny, int na, int nb);             /* 1..3: half axes na and nb */
+            int n2);                                    /* 2, 3: between two curves */
+void NOARLN(void);                                      /* setter: areas without outlines */
+void RECTAN(int nx, int ny, int nw, int nh);            /* 1..3: rectangle, upper left corner and size */
+void RECFLL(int nx, int ny, int nw, int nh, int color); /* 1..3: rectangle in a colour, -1 the current one */
+void POINT(int nx, int ny, int nb, int nh, int color);  /* 1..3: the same around its middle */
+/* 1..3: arrow; code wxyz: w 0 open, 1 outlined, 2 filled head; x half its width in tenths of its length, 0 as 3; y its
+ * length in 10 plot units, 0 a quarter of the line; z 0 no head, 1 at the end, 2 at both ends */
+void VECTOR(int nx1, int ny1, int nx2, int ny2, int code);
+void CIRCLE(int nx, int ny, int radius);                   /* 1..3 */
+void ELLIPS(int nx, int ny, int na, int nb);               /* 1..3: half axes na and nb */
+void RNDREC(int nx, int ny, int nw, int nh, int rounding); /* 1..3: RECTAN with round corners: 0 none, 9 half circles */
+/* 1..3: part of a circle between two angles in degrees, anticlockwise; the second is taken behind the first */
+void PIE(int nx, int ny, int nr, float from, float to);
+/* 1..3: the same between two radiuses, nr1 from 0 to nr2, filled with a colour, -1 the current one; from below to */
+void SECTOR(int nx, int ny, int nr1, int nr2, float from, float to, int color);
+/* 1..3: arc of an ellipse with half axes na and nb, turned by an angle; lines in the current line type */
+void ARCELL(int nx, int ny, int na, int nb, float from, float to, float turn);
 void RLREC(float x, float y, float width, float height); /* 2, 3: the same in user coordinates */
 void RLCIRC(float x, float y, float radius);             /* 2, 3: radius in units of the X axis */
 void RLELL(float x, float y, float a, float b);          /* 2, 3 */
@@ -237,9 +255,13 @@ void FRMESS(int thickness);               /* setter: frame around texts */
 void TXTBGD(int color);                   /* setter: background of texts, -1 none */
 void NUMFMT(const char* format);          /* setter: "FLOA", "EXP", "FEXP", "LOG", "XEXP" */
 void NUMODE(const char* decimal, const char* group, const char* plus, const char* fixed); /* 1..3 */
-int GETHGT(void);                                                                         /* 1..3: character height */
-int GETANG(void);                                                                         /* 1..3: text angle */
-const char* GETALF(void);                                                                 /* 1..3: base alphabet */
+const char* GETMIX(const char* key); /* 1..3: control character of SETMIX */
+const char* GETSHF(const char* set); /* 1..3: shift character of EUSHFT, "" for none */
+/* 1..3: index 1..6 and characters of the first shift of SMXALF into an alphabet, 0 for none */
+int GMXALF(const char* alphabet, char* in, char* out);
+int GETHGT(void);         /* 1..3: character height */
+int GETANG(void);         /* 1..3: text angle */
+const char* GETALF(void); /* 1..3: base alphabet */
 
 /* ---- Axis systems ---------------------------------------------------------------------------------------------- */
 
@@ -328,6 +350,7 @@ void NOLINE(const char* axes);                                     /* setter: no
 void TITLIN(const char* text, int n);                              /* setter: title line 1..4; negative: underlined */
 void TITLE(void);                                                  /* 2, 3 */
 void TITJUS(const char* mode);                                     /* setter */
+void LFTTIT(void);                                                 /* setter: as TITJUS("LEFT") */
 void TITPOS(const char* mode);                                     /* setter: "ABOV", "BELO" */
 void HTITLE(int height);                                           /* setter: 1..10000 */
 void VKYTIT(int distance);                                         /* setter */
@@ -342,11 +365,11 @@ void TRFDAT(int n, int* day, int* month, int* year); /* any: the date n days aft
 int NWKDAY(int day, int month, int year);            /* any: 1 Monday to 7 Sunday */
 int GETHNM(void);                                    /* 1..3: height of axis names */
 void GETDIG(int* nx, int* ny, int* nz);              /* 1..3 */
-void GETLAB(const char** x, const char** y, const char** z); /* 1..3: the keywords of LABELS */
-void GETSP1(int* nx, int* ny, int* nz);                      /* 1..3: distances of labels from their ticks */
-void GETSP2(int* nx, int* ny, int* nz);                      /* 1..3: distances of names from their labels */
-void GETTIC(int* nx, int* ny, int* nz);                      /* 1..3 */
-void GETTCL(int* major, int* minor);                         /* 1..3 */
+void GETLAB(char* x, char* y, char* z);              /* 1..3: label kinds of the axes, as LABELS takes them */
+void GETSP1(int* nx, int* ny, int* nz);              /* 1..3: distances of LABDIS */
+void GETSP2(int* nx, int* ny, int* nz);              /* 1..3: distances of NAMDIS */
+void GETTIC(int* nx, int* ny, int* nz);              /* 1..3 */
+void GETTCL(int* major, int* minor);                 /* 1..3 */
 
 /* ---- Curves ---------------------------------------------------------------------------------------------------- */
 
@@ -373,13 +396,15 @@ void ERRBAR(const float* x, const float* y, const float* e1, const float* e2, in
 void MYSYMB(const float* x, const float* y, int n, int symbol, int fill); /* 1..3: own symbol in the square -50..50 */
 void CHNATT(void);                                                        /* 1..3: next attributes of the cycle */
 void RESATT(void);                                                        /* 1..3: first attributes of the cycle */
+void GETSYM(int* symbol, int* height);                                    /* 1..3: of the symbols of curves */
 void SYMBOL(int symbol, int nx, int ny);                                  /* 1..3 */
 void RLMESS(const char* text, float x, float y);                          /* 2, 3: MESSAG in user coordinates */
 void RLNUMB(float value, int digits, float x, float y);                   /* 2, 3 */
 void RLINE(float x1, float y1, float x2, float y2);                       /* 2, 3 */
 void RLSYMB(int symbol, float x, float y);                                /* 2, 3 */
-void RLSTRT(float x, float y);                                            /* 2, 3 */
-void RLCONN(float x, float y);                                            /* 2, 3 */
+void TRFREL(float* x, float* y, int n); /* 2, 3: plot coordinates of user values, in place */
+void RLSTRT(float x, float y);          /* 2, 3 */
+void RLCONN(float x, float y);          /* 2, 3 */
 
 /* ---- Bars ------------------------------------------------------------------------------------------------------ */
 
@@ -446,6 +471,14 @@ void LEGBGD(int color);                                /* setter: background, -1
 void LEGPAT(int type, int thickness, int symbol, int color, int pattern, int line);
 void MIXLEG(void); /* setter: lines break at the control character of SETMIX */
 
+/* ---- Lists of texts: the items of a list are one string, separated by '|' ---------------------------------------- */
+
+void SWGMIX(const char* character, const char* key);  /* any: another separator, key "SEP" */
+int ITMCNT(const char* list);                         /* any: number of items, 0 of an empty list */
+const char* ITMSTR(const char* list, int n);          /* any: item n from 1, its first 255 characters */
+void ITMCAT(char* list, const char* item);            /* any: appends an item; the list has room for it */
+void ITMNCAT(char* list, int size, const char* item); /* any: the same if the list's size, end mark included, allows */
+
 /* ---- Numeric helpers: arrays of the user alone ----------------------------------------------------------------- */
 
 /* any, 2..3 when it draws: y = a * x + b and correlation r, n at least 2; "NONE", "ALL" draws symbols and line, "LINE"
@@ -458,8 +491,41 @@ void TRFCO1(float* x, int n, const char* from, const char* to); /* any: "DEGR", 
 /* any: "RECT" x, y; "POLA" radius, angle; "SPHE" longitude, latitude, radius; "CYLI" radius, angle, z; in degrees */
 void TRFCO2(float* x, float* y, int n, const char* from, const char* to);
 void TRFCO3(float* x, float* y, float* z, int n, const char* from, const char* to);
+/* any: np points, at least 2, of the Bezier curve with n control points 2..100, in equal steps of its parameter */
+void BEZIER(const float* x, const float* y, int n, float* xp, float* yp, int np);
+/* any: counts of the finite values in classes of equal width from the least to the greatest: 1 + log2 n classes (H. A.
+ * Sturges, 1926), rounded up, one for equal values; middles and counts have room for n elements */
+void HISTOG(const float* x, int n, float* middles, float* counts, int* classes);
+/* any: middle and radius of the circle through three points; message 102 and no change if they lie on a line */
+void CIRC3P(float x1, float y1, float x2, float y2, float x3, float y3, float* xm, float* ym, float* r);
+/* any: the part of a polygon on one side of an edge: not below a value ("XMIN", "YMIN") or not above ("XMAX", "YMAX");
+ * room for size points, message 112 if there are more (I. Sutherland, G. Hodgman, 1974) */
+void POLCLP(const float* x, const float* y, int n, float* xp, float* yp, int size, int* np, float value,
+            const char* edge);
 /* any: bilinear resampling of a matrix with y fast, all sizes at least 2 */
 void TRFMAT(const float* z, int nx, int ny, float* z2, int nx2, int ny2);
+
+/* ---- Words, numbers as texts, and files of bytes --------------------------------------------------------------- */
+
+void SWAPI2(short* values, int n); /* any: swaps the bytes of each value */
+void SWAPI4(int* values, int n);
+/* any: the target with n bits of the source copied into it; places from 0, the lowest bit; bits outside the words are
+ * left out */
+short BITSI2(int n, short source, int from, short target, int to);
+int BITSI4(int n, int source, int from, int target, int to);
+void UPSTR(char* text);            /* any: letters a to z become capitals */
+int INTLEN(int value);             /* any: characters of an integer */
+int FLEN(float value, int digits); /* any: of a number with so many decimals, -1 for an integer, up to 100 */
+int INTCHA(int value, char* text); /* any: the integer as a text; its length */
+int FCHA(float value, int digits, char* text); /* any: the number as a text; its length */
+/* any: opens a file for bytes under a number 1..99; mode 0 reads, 1 writes anew, 2 appends; 0, or -1 after a warning */
+int OPENFL(const char* name, int number, int mode);
+int CLOSFL(int number);                           /* any: 0, or -1 after a warning */
+int READFL(int number, void* bytes, int n);       /* any: bytes read, less than n at the end; -1 after a warning */
+int WRITFL(int number, const void* bytes, int n); /* any: bytes written */
+int SKIPFL(int number, int n);                    /* any: moves by n bytes; 0, or -1 */
+int TELLFL(int number);                           /* any: position, from 0; -1 after a warning */
+int POSIFL(int number, int position);             /* any: moves to a position; 0, or -1 */
 
 #ifdef __cplusplus
 }

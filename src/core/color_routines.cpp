@@ -200,6 +200,13 @@ void CLRMOD(const char* mode) {
   if (int found = matchKeyword(s, "NONE+FULL+CONT", 3, mode)) s->colorSetup.colorMode = found - 1;
 }
 
+void GETRAN(int* low, int* high) {
+  PlotState* s = strictCheck(1, 3, "getran");
+  if (!s) return;
+  *low = s->color.colorRangeLow;
+  *high = s->color.colorRangeHigh;
+}
+
 void COLRAN(int low, int high) {
   PlotState* s = setterCheck("colran");
   if (!s || checkRange(s, low, 0, kColorTableSize - 1) || checkRange(s, high, 0, kColorTableSize - 1)) return;

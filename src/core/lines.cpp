@@ -34,6 +34,14 @@ void XDRAW(float x, float y) {
   if (PlotState* s = strictCheck(1, 3, "xdraw")) pathDraw(s, x, userY(s, y));
 }
 
+void STRTPT(float x, float y) {
+  if (PlotState* s = strictCheck(1, 3, "strtpt")) penMove(s, x, userY(s, y));
+}
+
+void CONNPT(float x, float y) {
+  if (PlotState* s = strictCheck(1, 3, "connpt")) penDraw(s, x, userY(s, y));
+}
+
 void SOLID(void) { lineType("solid", 0); }
 void DOT(void) { lineType("dot", 1); }
 void DASH(void) { lineType("dash", 2); }

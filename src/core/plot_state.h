@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/color_group.h"
+#include "core/file_group.h"
 #include "core/level_group.h"
 #include "core/line_group.h"
 #include "core/message_group.h"
@@ -18,6 +19,7 @@
 #include "graph2d/legend_group.h"
 #include "graph2d/pie_group.h"
 #include "text/text_group.h"
+#include "widget/widget_group.h"
 
 namespace quilla {
 
@@ -33,6 +35,8 @@ struct PlotState {
   LibrarySetup librarySetup;
   WindowSetup windowSetup;
   DateSetup dateSetup;
+  WidgetSetup widgetSetup;
+  UserFiles userFiles;
 
   // Run lifetime: set by the default settings of QUIINI and by RESET("ALL").
   MessageGroup message;

@@ -32,6 +32,15 @@ void WINSIZ(int nw, int nh) {
   s->windowSetup.windowHeight = nh;
 }
 
+void GETWIN(int* nx, int* ny, int* nw, int* nh) {
+  PlotState* s = strictCheck(1, 3, "getwin");
+  if (!s) return;
+  *nx = s->windowSetup.windowX;
+  *ny = s->windowSetup.windowY;
+  *nw = s->device.pixelWidth;
+  *nh = s->device.pixelHeight;
+}
+
 void WINJUS(const char* corner) {
   PlotState* s = strictCheck(0, 3, "winjus");
   if (!s) return;

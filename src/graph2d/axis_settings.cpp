@@ -14,10 +14,6 @@ using namespace quilla;
 
 namespace {
 
-constexpr const char* kLabelKinds =
-    "NONE+FLOA+EXP +LOG +CLOG+ELOG+MAP +DMAP+LMAP+TIME+HOUR+SECO+MYLA+FEXP+DATE+MAPN+XEXP";
-constexpr int kLabelKindCount = 17;
-
 constexpr int kLargestDimension = 10000;
 constexpr const char* kPartKeywords = "NONE+LINE+TICK+LABE+NAME";
 
@@ -233,10 +229,17 @@ void LOGTIC(const char* mode) {
   if (int found = matchKeyword(s, "AUTO+FULL", 2, mode)) s->axis.logTickMode = found - 1;
 }
 
+namespace {
+
+constexpr int kKeyLength = 4, kKindCount = 17;
+constexpr const char* kKinds = "NONE+FLOA+EXP +LOG +CLOG+ELOG+MAP +DMAP+LMAP+TIME+HOUR+SECO+MYLA+FEXP+DATE+MAPN+XEXP";
+
+} // namespace
+
 void LABELS(const char* kind, const char* axes) {
   PlotState* s = setterCheck("labels");
   if (!s || setChartLabels(s, kind, axes)) return;
-  int found = matchKeyword(s, kLabelKinds, kLabelKindCount, kind);
+  int found = matchKeyword(s, kKinds, kKindCount, kind);
   if (!found) return;
   eachAxis(axes, [&](int axis) {
     s->axis.labelKind[axis] = found - 1;
@@ -352,6 +355,10 @@ void TITJUS(const char* mode) {
   if (int found = matchKeyword(s, "CENT+LEFT+RIGH", 3, mode)) s->axis.titleJustify = found - 1;
 }
 
+void LFTTIT(void) {
+  if (PlotState* s = setterCheck("lfttit")) s->axis.titleJustify = 1;
+}
+
 void TITPOS(const char* mode) {
   PlotState* s = setterCheck("titpos");
   if (!s) return;
@@ -403,15 +410,14 @@ void GETDIG(int* nx, int* ny, int* nz) {
   if (PlotState* s = strictCheck(1, 3, "getdig")) copyThree(s->axis.labelDigits, nx, ny, nz);
 }
 
-void GETLAB(const char** x, const char** y, const char** z) {
-  constexpr const char* kWords[kLabelKindCount] = {"NONE", "FLOA", "EXP",  "LOG",  "CLOG", "ELOG",
-                                                   "MAP",  "DMAP", "LMAP", "TIME", "HOUR", "SECO",
-                                                   "MYLA", "FEXP", "DATE", "MAPN", "XEXP"};
+void GETLAB(char* x, char* y, char* z) {
   PlotState* s = strictCheck(1, 3, "getlab");
   if (!s) return;
-  *x = kWords[s->axis.labelKind[kAxisX]];
-  *y = kWords[s->axis.labelKind[kAxisY]];
-  *z = kWords[s->axis.labelKind[kAxisZ]];
+  char* const texts[] = {x, y, z};
+  for (int axis = 0; axis < kAxisCount; ++axis) {
+    std::memcpy(texts[axis], kKinds + (kKeyLength + 1) * s->axis.labelKind[axis], kKeyLength);
+    texts[axis][kKeyLength] = '\0';
+  }
 }
 
 void GETSP1(int* nx, int* ny, int* nz) {

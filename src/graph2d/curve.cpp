@@ -257,6 +257,16 @@ void RLNUMB(float value, int digits, float x, float y) {
   numberAt(s, text, roundHalfUp(p.x), userY(s, roundHalfUp(p.y)));
 }
 
+void TRFREL(float* x, float* y, int n) {
+  PlotState* s = strictCheck(2, 3, "trfrel");
+  if (!s || checkRange(s, n, 1, -1)) return;
+  for (int i = 0; i < n; i++) {
+    const PlotPoint p = plotPoint(s, x[i], y[i]);
+    x[i] = p.x;
+    y[i] = p.y;
+  }
+}
+
 void RLSTRT(float x, float y) {
   PlotState* s = strictCheck(2, 3, "rlstrt");
   if (!s) return;

@@ -118,3 +118,10 @@ void MYSYMB(const float* x, const float* y, int n, int symbol, int fill) {
   c.userSymbolFilled = fill == 1;
   c.userSymbolOn = true;
 }
+
+void GETSYM(int* symbol, int* height) {
+  PlotState* s = strictCheck(1, 3, "getsym");
+  if (!s) return;
+  *symbol = s->curve.markerKind;
+  *height = s->curve.markerHeight;
+}

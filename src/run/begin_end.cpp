@@ -121,3 +121,5 @@ int GETLEV(void) {
 }
 
 double GETVER(void) { return 11.5; }
+
+int GETPLV(void) { return 2; }

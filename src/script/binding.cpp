@@ -1,7 +1,10 @@
 #include "script/binding.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <limits>
 
 #include "script/builtin_functions.h"
 #include "script/evaluator.h"
@@ -45,17 +48,6 @@ bool fits(std::string_view field, int position) {
   return field == mark_of(v);
 }
 
-void report_mismatch(const char* name, const char* signature, int first) {
-  char marks[kMarksLength] = "";
-  for (int k = first; k < operand_count(); ++k) {
-    if (k > first) std::strcat(marks, ",");
-    std::strcat(marks, mark_of(peek_operand(k)));
-  }
-  report_error("Parameter mismatch");
-  std::printf("      User   : %s (%s)\n", name, marks);
-  std::printf("      Correct: %s (%s)\n", name, signature);
-}
-
 // The undefined identifiers among the operands become INT variables. False after a message.
 bool define_outputs() {
   for (int k = 0; k < operand_count(); ++k) {
@@ -76,15 +68,41 @@ bool check_routine_call(const RoutineRow& row) {
   return match_operands(row.name, row.signature, 0) && define_outputs();
 }
 
+// Integer operand of a position, 1 for none.
+std::int64_t factor(int position) { return position == 0 ? 1 : operand_value(position - 1).value.i; }
+
+// How many elements, or bytes, a call wants of an array. Cut where no array is long enough, so that three factors
+// cannot overflow.
+std::int64_t wanted_elements(const ArrayCount& c) {
+  constexpr std::int64_t kBeyond = std::int64_t{1} << 31;
+  if (c.count == 0) return c.extra;
+  const std::int64_t two = std::clamp(factor(c.count) * factor(c.times), -kBeyond, kBeyond);
+  return two * factor(c.times_too) + c.extra;
+}
+
 // No array may be shorter than the call says.
 bool arrays_are_long_enough(const RoutineRow& row) {
   for (const ArrayCount& c : row.counts) {
     if (c.array == 0) break;
-    std::int64_t wanted = operand_value(c.count - 1).value.i;
-    if (c.times != 0) wanted *= operand_value(c.times - 1).value.i;
-    if (wanted <= operand_value(c.array - 1).count) continue;
+    const ScriptValue& v = operand_value(c.array - 1);
+    const std::int64_t there = c.in_bytes ? std::int64_t{v.count} * element_size(v.type) : v.count;
+    if (wanted_elements(c) <= there) continue;
     report_error_text("Not enough array elements in", row.name);
     return false;
+  }
+  return true;
+}
+
+// Memory for all arrays that a row gives out. False after a message.
+bool take_output_memory(const RoutineRow& row, OutputMemory* arrays) {
+  for (int i = 0; i < kArrayOutputs && row.outputs[i].operand != 0; ++i) {
+    const ArrayOutput& o = row.outputs[i];
+    arrays[i].data = output_memory(factor(o.count), factor(o.times), element_size(o.type));
+    if (!arrays[i].data) {
+      while (i > 0) std::free(arrays[--i].data);
+      return false;
+    }
+    arrays[i].count = static_cast<std::int32_t>(factor(o.count) * factor(o.times));
   }
   return true;
 }
@@ -96,17 +114,43 @@ bool exec_row(const RoutineRow& row, ScriptValue* result) {
     return false;
   }
   if (!arrays_are_long_enough(row)) return false;
-  row.run({row.name, result});
+  OutputMemory arrays[kArrayOutputs];
+  if (row.outputs[0].operand == 0) {
+    row.run({row.name, result, &row, nullptr});
+    return true;
+  }
+  if (!take_output_memory(row, arrays)) return false;
+  row.run({row.name, result, &row, arrays});
+  for (int i = 0; i < kArrayOutputs && row.outputs[i].operand != 0; ++i)
+    write_array_output(operand_variable(row.outputs[i].operand - 1), row.outputs[i].type, arrays[i].data,
+                       arrays[i].count);
   return true;
 }
 
 } // namespace
 
+void report_mismatch(const char* name, const char* signature, int first) {
+  char marks[kMarksLength] = "";
+  for (int k = first; k < operand_count(); ++k) {
+    if (k > first) std::strcat(marks, ",");
+    std::strcat(marks, mark_of(peek_operand(k)));
+  }
+  report_error("Parameter mismatch");
+  std::printf("      User   : %s (%s)\n", name, marks);
+  std::printf("      Correct: %s (%s)\n", name, signature);
+}
+
+bool call_row(const RoutineRow& row, ScriptValue* result) { return check_routine_call(row) && exec_row(row, result); }
+
 const ScriptValue& operand_value(int k) { return *peek_operand(k); }
 
 int operand_variable(int k) { return operand(k).type == kAlias ? operand(k).value.index : -1; }
 
+// A routine of the script that the library has called may have freed an output variable.
+static bool is_output(int index) { return index >= 0 && slot_in_use(index); }
+
 void write_int_output(int index, int number) {
+  if (!is_output(index)) return;
   ScriptValue& v = variable(index);
   if (owns_memory(v.type)) {
     free_value(v);
@@ -117,8 +161,35 @@ void write_int_output(int index, int number) {
 }
 
 void write_real_output(int index, double number) {
+  if (!is_output(index)) return;
   free_value(variable(index));
   set_double(variable(index), number);
+}
+
+void write_text_output(int index, const char* text) {
+  if (!is_output(index)) return;
+  free_value(variable(index));
+  if (!set_string(variable(index), text)) set_int(variable(index), 0);
+}
+
+void write_array_output(int index, Tag type, void* data, std::int32_t count) {
+  if (!is_output(index)) return std::free(data);
+  ScriptValue& v = variable(index);
+  free_value(v);
+  set_scalar(v, type);
+  v.ndim = 1;
+  v.count = count;
+  v.value.data = data;
+}
+
+void* output_memory(std::int64_t n, std::int64_t m, int size) {
+  if (n * m < 1) {
+    report_error("Non positive parameter");
+    return nullptr;
+  }
+  if (n * m <= std::numeric_limits<std::int32_t>::max()) return allocate_zeroed(n * m, size);
+  report_error("Not enough memory");
+  return nullptr;
 }
 
 bool match_operands(const char* name, const char* signature, int first) {
@@ -136,7 +207,7 @@ bool match_operands(const char* name, const char* signature, int first) {
 
 void run_routine_statement(const char* text, const char* name) {
   if (const int row = find_routine(name); row >= 0) {
-    if (check_routine_call(kRoutines[row])) exec_row(kRoutines[row], nullptr);
+    call_row(kRoutines[row], nullptr);
   } else if (find_function(name) >= 0) {
     set_token_source(text);
     evaluate(false);
@@ -151,7 +222,7 @@ void run_value_routine(int row_number, const char* variable_name) {
   next_token();
   ScriptValue result{};
   set_int(result, 0);
-  if (check_routine_call(row) && exec_row(row, &result)) {
+  if (call_row(row, &result)) {
     const int old = find_variable(variable_name);
     const bool through_alias = old >= 0 && old != find_slot(variable_name, interp.variables.level);
     if (old >= 0 && !through_alias) free_variable(old);

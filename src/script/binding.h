@@ -11,17 +11,35 @@
 
 namespace qsl {
 
-// An array operand and the operands that tell how many of its elements the routine uses: one integer or the product
-// of two. Positions count from 1; 0 for none.
+// An array operand and the operands that tell how many of its elements the routine uses: the product of up to three
+// integers, and some more. Positions count from 1; 0 for none. Without integers the number is extra alone.
 struct ArrayCount {
-  unsigned char array, count, times;
+  unsigned char array, count, times, times_too, extra;
+  bool in_bytes; // the integers count bytes, not elements
 };
-inline constexpr int kCountedArrays = 8;
+inline constexpr int kCountedArrays = 9;
+
+// An output operand that receives an array, whose size is an integer operand or the product of two.
+struct ArrayOutput {
+  unsigned char operand;
+  Tag type;
+  unsigned char count, times;
+};
+inline constexpr int kArrayOutputs = 3;
+
+// The arrays that a call gives out while its routine runs: zeroed memory, and how many elements.
+struct OutputMemory {
+  void* data;
+  std::int32_t count;
+};
 
 // A call whose operands fit the signature. Operand 0 is the first.
+struct RoutineRow;
 struct Call {
   const char* name;
-  ScriptValue* result; // of a value routine, else null
+  ScriptValue* result = nullptr; // of a value routine
+  const RoutineRow* row = nullptr;
+  const OutputMemory* arrays = nullptr; // of the row's outputs
 };
 
 struct RoutineRow {
@@ -29,6 +47,7 @@ struct RoutineRow {
   const char* signature;
   void (*run)(const Call&); // null: the routine does not exist yet
   ArrayCount counts[kCountedArrays];
+  ArrayOutput outputs[kArrayOutputs];
 };
 
 inline constexpr int kRoutineCount = 658;
@@ -57,6 +76,13 @@ constexpr int signature_length(std::string_view signature) {
 // Holds the operands from position first on against a signature; false after "Parameter mismatch" and its two lines.
 bool match_operands(const char* name, const char* signature, int first);
 
+// "Parameter mismatch" and the two lines with the operands from position first on and the signature.
+void report_mismatch(const char* name, const char* signature, int first);
+
+// Evaluates operands up to the closing parenthesis, checks them against a row and calls its routine. The result goes
+// to a value routine's. False if nothing was called.
+bool call_row(const RoutineRow& row, ScriptValue* result);
+
 // NAME(...) as a statement; the tokeniser stands behind the parenthesis.
 void run_routine_statement(const char* text, const char* name);
 
@@ -72,5 +98,12 @@ int operand_variable(int k);
 // memory gives it up and becomes INT. A real makes the variable DOUBLE.
 void write_int_output(int variable_index, int number);
 void write_real_output(int variable_index, double number);
+void write_text_output(int variable_index, const char* text);
+// Gives memory to a variable; what it owned before is freed.
+void write_array_output(int variable_index, Tag type, void* data, std::int32_t count);
+
+// Zeroed memory of n times m elements for an array output; null after "Non positive parameter" if that is below 1,
+// or "Not enough memory".
+void* output_memory(std::int64_t n, std::int64_t m, int element_size);
 
 } // namespace qsl

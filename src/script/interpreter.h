@@ -79,7 +79,9 @@ struct TokenState {
 // variables.cpp. Slots chained by a hash of their names, each chain in slot order.
 inline constexpr int kNameBuckets = 512;
 inline constexpr int kSlotWords = (kVariables + 63) / 64;
+struct PinnedOperands;
 struct VariableState {
+  PinnedOperands* pinned; // operands of statements that wait for a callback
   ScriptValue slots[kVariables];
   std::int16_t chain_head[kNameBuckets]; // slot plus 1, 0 for none
   std::int16_t chain_next[kVariables];
@@ -178,6 +180,18 @@ struct StackState {
   bool overflow; // an operand did not fit: the statement is given up
 };
 
+// callbacks.cpp: routines of the script that the library calls.
+struct CallbackState {
+  char widget[kWidgetCallbacks][kCallbackNameLength + 1]; // by the number of the widget, from 0
+  char array[kWidgetCallbacks][kNameLength + 1];          // variable of SWGCB
+  char surface[kCallbackNameLength + 1];
+  char parametric[kCallbackNameLength + 1];
+  char projection[kCallbackNameLength + 1];
+  char pie[kCallbackNameLength + 1];
+  char window[kCallbackNameLength + 1];
+  int drawing; // callbacks that run in the middle of a drawing routine
+};
+
 // data_file.cpp
 struct DataState {
   std::FILE* file;
@@ -216,6 +230,7 @@ struct Interpreter {
   VariableState variables;
   ControlState control;
   StackState stack;
+  CallbackState callbacks;
   DataState data;
   ScriptFile files[kScriptFiles];
   QuickPlotState quick;

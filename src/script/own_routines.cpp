@@ -1,38 +1,29 @@
 #include "script/own_routines.h"
 
-#include <limits>
+#include <algorithm>
+#include <cstdio>
 
 #include "graph2d/legend.h"
 #include "quilla/quilla.h"
+#include "script/array_rows.h"
 #include "script/bound_routine.h"
 #include "script/interpreter.h"
 #include "script/report.h"
 #include "script/system_variables.h"
 
 namespace qsl {
+
+bool is_array_to_fill(int k, std::int64_t wanted, const char* kind, const char* routine) {
+  const bool is_variable = operand_variable(k) >= 0;
+  if (is_variable && operand_value(k).count >= wanted) return true;
+  char text[80];
+  std::snprintf(text, sizeof text, is_variable ? "%s array too small in %s" : "%s array in %s must be a variable", kind,
+                routine);
+  report_error(text);
+  return false;
+}
+
 namespace {
-
-// Zeroed memory of an array output, by the product of two sizes; null after a message.
-void* output_memory(std::int64_t n, std::int64_t m, int size) {
-  if (n * m > std::numeric_limits<std::int32_t>::max()) {
-    report_error("Not enough memory");
-    return nullptr;
-  }
-  if (n * m >= 1) return allocate_zeroed(n * m, size);
-  report_error("Non positive parameter");
-  return nullptr;
-}
-
-// Gives memory to an output variable. What it owned before is freed only now: the routine may have read it.
-void store_output(int index, Tag type, void* data, std::int64_t count) {
-  ScriptValue& v = variable(index);
-  free_value(v);
-  v.type = type;
-  v.ndim = 1;
-  v.count = static_cast<std::int32_t>(count);
-  v.dims = nullptr;
-  v.value.data = data;
-}
 
 // Text of operand k as a legend buffer, null after a message if it is shorter than LEGINI made it.
 char* legend_buffer(const Call& call, int k) {
@@ -55,6 +46,21 @@ void run_quiini(const Call&) {
   apply_all_system_variables();
 }
 
+// Memory belongs to the variables: there is nothing to free.
+void run_nothing(const Call&) {}
+
+// Where arbitrary texts run, no file is touched.
+void run_openfl(const Call& call) {
+  if (interp.driver.harmless) return set_int(*call.result, -1);
+  run_bound<OPENFL, "S,I,I">(call);
+}
+
+// Not in the middle of a routine that draws.
+void run_quifin(const Call& call) {
+  if (interp.callbacks.drawing > 0) return report_error_text("Routine not allowed in a callback:", call.name);
+  QUIFIN();
+}
+
 void run_metafl(const Call& call) {
   interp.driver.device_chosen = true;
   run_bound<METAFL, "S">(call);
@@ -62,30 +68,20 @@ void run_metafl(const Call& call) {
 
 void run_unit(const Call&) { UNIT(operand_value(0).value.i != 0 ? stdout : nullptr); }
 
-void run_trfmat(const Call&) {
-  auto size = [](int k) { return operand_value(k).value.i; };
-  const std::int64_t nx = size(4), ny = size(5);
-  float* result = static_cast<float*>(output_memory(nx, ny, sizeof(float)));
-  if (!result) return;
-  TRFMAT(elements<float>(operand_value(0)), size(1), size(2), result, size(4), size(5));
-  store_output(operand_variable(3), kFloatArray, result, nx * ny);
-}
-
 // The buffer is a STRING of the script. The library keeps no pointer to it, so that the script may do with it what it
 // likes.
 void run_legini(const Call&) {
   const std::int32_t lines = operand_value(1).value.i, length = operand_value(2).value.i;
   char* buffer = static_cast<char*>(output_memory(lines, length, 1));
   if (!buffer) return;
-  const std::int64_t count = static_cast<std::int64_t>(lines) * length;
   LEGINI(buffer, lines, length);
-  store_output(operand_variable(0), kString, buffer, count);
+  write_array_output(operand_variable(0), kString, buffer, lines * length);
 }
 
 void run_leglin(const Call& call) {
   char* buffer = legend_buffer(call, 0);
   if (!buffer) return;
-  Argument<const char*> text(1);
+  Argument<const char*> text(call, 1);
   LEGLIN(buffer, text.get(), operand_value(2).value.i);
   text.finish();
 }

@@ -6,9 +6,9 @@
 namespace qsl {
 
 void run_quiini(const Call& call);
+void run_quifin(const Call& call);
 void run_metafl(const Call& call);
 void run_unit(const Call& call);
-void run_trfmat(const Call& call);
 void run_legini(const Call& call);
 void run_leglin(const Call& call);
 void run_legend(const Call& call);
@@ -17,7 +17,11 @@ void run_nylegn(const Call& call);
 void run_piegrf(const Call& call);
 void run_grafr(const Call& call); // one count for both arrays
 void run_getuni(const Call& call);
-void run_utfint(const Call& call);
 void run_intutf(const Call& call);
+void run_upstr(const Call& call);
+void run_openfl(const Call& call);
+void run_nothing(const Call& call);
+void run_itmcat(const Call& call);
+void run_itmncat(const Call& call);
 
 } // namespace qsl

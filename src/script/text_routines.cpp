@@ -1,58 +1,58 @@
-// UTFINT and INTUTF: outputs whose size is one of the operands.
+// Rows that work on texts.
 #include "quilla/quilla.h"
 #include "script/bound_routine.h"
 #include "script/own_routines.h"
-#include "script/report.h"
 
 namespace qsl {
 
-namespace {
-
-// Zeroed memory for an output of as many elements as operand k says; null after a message.
-void* output_memory(int k, int element) {
-  const std::int32_t size = operand_value(k).value.i;
-  if (size < 1) {
-    report_error("Non positive parameter");
-    return nullptr;
-  }
-  void* memory = allocate_zeroed(size, element);
-  if (!memory) report_error("Not enough memory");
-  return memory;
+void run_intutf(const Call&) {
+  const std::int32_t size = operand_value(3).value.i;
+  char* text = static_cast<char*>(output_memory(size, 1, 1));
+  if (!text) return;
+  const int length = INTUTF(elements<int>(operand_value(0)), operand_value(1).value.i, text, size);
+  const std::int32_t kept = length < 0 ? 0 : length;
+  text[kept] = 0; // the memory is longer than the output
+  write_array_output(operand_variable(2), kString, text, kept);
+  write_int_output(operand_variable(4), length);
 }
 
-// Gives a variable the elements of an array or the bytes of a text.
-void give_memory(int index, Tag tag, void* memory, std::int32_t count) {
-  ScriptValue& v = variable(index);
-  free_value(v);
-  set_scalar(v, tag);
-  v.ndim = 1;
-  v.count = count;
-  v.value.data = memory;
+// The text of a variable changes.
+void run_upstr(const Call& call) {
+  const ScriptValue& v = operand_value(0);
+  if (v.type == kString) return UPSTR(elements<char>(v));
+  Argument<const char*> text(call, 0); // a CHAR array may have no end
+  if (text.copy) {
+    UPSTR(text.copy);
+    std::memcpy(v.value.data, text.copy, static_cast<std::size_t>(v.count));
+  } else {
+    UPSTR(elements<char>(v));
+  }
+  text.finish();
+}
+
+namespace {
+
+// Puts the list of operand 0 into a block with room for one more item, which the library appends.
+template <typename Append> void append_item(const Call& call, int item_operand, Append append) {
+  const ScriptValue& list = operand_value(0);
+  if (list.type != kString) return report_mismatch(call.name, call.row->signature, 0);
+  Argument<const char*> item(call, item_operand);
+  const std::size_t old = std::strlen(text_of(list)), more = std::strlen(item.get());
+  char* block = static_cast<char*>(allocate(static_cast<std::int64_t>(old + more) + 1)); // and the separator
+  if (block) {
+    std::memcpy(block, text_of(list), old + 1);
+    append(block, item.get());
+    write_array_output(operand_variable(0), kString, block, static_cast<std::int32_t>(std::strlen(block)));
+  }
+  item.finish();
 }
 
 } // namespace
 
-void run_utfint(const Call&) {
-  Argument<const char*> text(0);
-  int* codes = static_cast<int*>(output_memory(2, static_cast<int>(sizeof(int))));
-  if (!codes) return text.finish();
-  const std::int32_t size = operand_value(2).value.i;
-  const int count = UTFINT(text.get(), codes, size);
-  text.finish();
-  give_memory(operand_variable(1), kIntArray, codes, size);
-  write_int_output(operand_variable(3), count);
-}
+void run_itmcat(const Call& call) { append_item(call, 1, ITMCAT); }
 
-void run_intutf(const Call&) {
-  const std::int32_t size = operand_value(3).value.i;
-  char* text = static_cast<char*>(output_memory(3, 1));
-  if (!text) return;
-  const int length = INTUTF(elements<int>(operand_value(0)), operand_value(1).value.i, text, size);
-  ScriptValue& output = variable(operand_variable(2));
-  free_value(output);
-  set_string(output, text, length < 0 ? 0 : length);
-  std::free(text);
-  write_int_output(operand_variable(4), length);
+void run_itmncat(const Call& call) {
+  append_item(call, 2, [](char* list, const char* item) { ITMNCAT(list, operand_value(1).value.i, item); });
 }
 
 } // namespace qsl

@@ -449,6 +449,7 @@ namespace {
 // What a statement needs again when another one has run in its middle.
 struct StatementState {
   StackState stack;
+  PinnedOperands pinned;
   TokenState token;
   char statement[kStatementLength + 1];
   const char* running;
@@ -465,11 +466,13 @@ void keep_statement(StatementState& s) {
   s.saved_cursor = r.saved_cursor;
   s.last_saved = r.last_saved;
   interp.stack.count = 0;
+  pin_operands(s.pinned, s.stack);
 }
 
 void restore_statement(const StatementState& s) {
   ReaderState& r = interp.reader;
   clear_stack(0);
+  unpin_operands(s.pinned);
   interp.stack = s.stack;
   interp.token = s.token;
   std::memcpy(r.statement, s.statement, sizeof s.statement);
@@ -480,18 +483,20 @@ void restore_statement(const StatementState& s) {
   interp.control.callback_ended = false;
 }
 
-// Variables of the caller that hold the values while the routine runs, which knows them by reference.
+// Variables of the caller that hold the values while the routine runs, which knows them by reference. A value that is
+// an alias needs none.
 bool pass_values(const ScriptValue* values, int count, int* holders) {
   ControlState& c = interp.control;
   c.argument_count = 0;
   for (int i = 0; i < count; ++i) {
     char name[kNameLength + 1];
     std::snprintf(name, sizeof name, "$%d", i + 1);
-    holders[i] = new_variable(name, interp.variables.level);
-    const int slot = holders[i] < 0 ? -1 : new_variable(name, interp.variables.level + 1);
-    if (slot < 0 || !copy_value(variable(holders[i]), values[i])) return false;
+    const bool alias = values[i].type == kAlias;
+    if (!alias) holders[i] = new_variable(name, interp.variables.level);
+    const int slot = !alias && holders[i] < 0 ? -1 : new_variable(name, interp.variables.level + 1);
+    if (slot < 0 || (!alias && !copy_value(variable(holders[i]), values[i]))) return false;
     c.arguments[c.argument_count++] = static_cast<std::int16_t>(slot);
-    variable(slot).value.index = holders[i];
+    variable(slot).value.index = alias ? values[i].value.index : holders[i];
     variable(slot).type = kAlias;
   }
   return true;

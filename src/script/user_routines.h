@@ -41,8 +41,8 @@ void end_routine(bool whole);
 bool end_of_source();
 
 // Runs a script routine for the library, in the middle of a statement: the values are its arguments and take what the
-// routine leaves in them. wants_value: the routine is a FUNCTION, whose value is then interp.control.callback_result.
-// False after a message.
+// routine leaves in them; an alias among them stands for its variable. wants_value: the routine is a FUNCTION, whose
+// value is then interp.control.callback_result. False after a message.
 bool call_back(const char* routine, ScriptValue* values, int count, bool wants_value);
 
 // Ends all routines at once, after an interrupt.

@@ -78,9 +78,43 @@ void* allocate_zeroed(std::int64_t count, int size) {
   return block;
 }
 
+void pin_operands(PinnedOperands& pinned, StackState& stack) {
+  pinned.outer = interp.variables.pinned;
+  pinned.stack = &stack;
+  for (int k = 0; k < stack.count; ++k) {
+    const ScriptValue& v = stack.entries[k];
+    const bool stands = v.type == kAlias && v.value.index >= 0 && owns_memory(variable(v.value.index).type);
+    pinned.memory[k] = stands ? variable(v.value.index).value.data : nullptr;
+  }
+  interp.variables.pinned = &pinned;
+}
+
+namespace {
+
+// Gives memory that is about to be freed to a waiting operand that needs it. False if there is none.
+bool hand_over(const ScriptValue& v) {
+  for (const PinnedOperands* p = interp.variables.pinned; p; p = p->outer) {
+    for (int k = 0; k < p->stack->count; ++k) {
+      ScriptValue& waiting = p->stack->entries[k];
+      if (p->memory[k] != v.value.data || waiting.type != kAlias) continue;
+      waiting.type = v.type;
+      waiting.ndim = v.ndim;
+      waiting.count = v.count;
+      waiting.dims = v.dims;
+      waiting.value = v.value;
+      return true;
+    }
+  }
+  return false;
+}
+
+} // namespace
+
 void free_value(ScriptValue& v) {
-  if (owns_memory(v.type)) std::free(v.value.data);
-  if (v.ndim > 1) std::free(v.dims);
+  if (owns_memory(v.type) && !(interp.variables.pinned && hand_over(v))) {
+    std::free(v.value.data);
+    if (v.ndim > 1) std::free(v.dims);
+  }
   v.type = kFree;
   v.ndim = 0;
   v.count = 0;

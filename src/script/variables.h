@@ -12,6 +12,16 @@ namespace qsl {
 void* allocate(std::int64_t size);
 void* allocate_zeroed(std::int64_t count, int size);
 
+// Operands of a statement that waits while the library calls a routine of the script, and the memory of the variables
+// that they stand for. If the routine frees such a variable, its memory goes to the operand: the library still uses it.
+struct PinnedOperands {
+  PinnedOperands* outer;
+  StackState* stack;
+  void* memory[kOperands];
+};
+void pin_operands(PinnedOperands& pinned, StackState& stack);
+inline void unpin_operands(const PinnedOperands& pinned) { interp.variables.pinned = pinned.outer; }
+
 // Frees what a value owns; its tag becomes 0.
 void free_value(ScriptValue& v);
 // Copies a value with private memory; false after a message.

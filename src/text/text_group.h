@@ -149,6 +149,7 @@ struct LibrarySetup {
 
 // Working state of the walk over a text.
 struct TextState {
+  char readCharacter[2] = "";                   // the text that GETMIX or GETSHF gave last
   float textCursorX = 0.0F, textCursorY = 0.0F; // baseline cursor, page origin included
   bool cursorPlaced = false;                    // false: no text yet, the cursor stands at the page origin
   float textStartX = 0.0F, textStartY = 0.0F;

@@ -314,8 +314,8 @@ TEST_F(Axis, WhatReadersGive) {
   LABELS("elog", "X");
   LABELS("NONE", "Y");
   LABELS("XEXP", "Z");
-  const char *a = "", *b = "", *c = "";
-  GETLAB(&a, &b, &c);
+  char a[5], b[5], c[5];
+  GETLAB(a, b, c);
   EXPECT_EQ((std::vector<std::string>{a, b, c}), (std::vector<std::string>{"ELOG", "NONE", "XEXP"}));
 }
 

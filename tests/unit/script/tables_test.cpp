@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -87,14 +88,19 @@ TEST(Tables, CountsNameArraysAndIntegers) {
     for (const ArrayCount& c : row.counts) {
       if (c.array == 0) break;
       EXPECT_EQ(signature_field(row.signature, c.array - 1).back(), 'R') << row.name;
-      EXPECT_EQ(signature_field(row.signature, c.count - 1), "I") << row.name;
+      if (c.count != 0) {
+        EXPECT_EQ(signature_field(row.signature, c.count - 1), "I") << row.name;
+      }
     }
 }
 
-// Every array operand of a routine that exists is counted: none may be handed over unchecked.
-TEST(Tables, BoundArraysAreCounted) {
-  const auto check = [](const RoutineRow& row) {
-    if (!row.run) return;
+// Every array operand is counted, also those of routines to come: none may be handed over unchecked.
+TEST(Tables, ArraysAreCounted) {
+  // These look at their arrays themselves, where they are more than a block of pixels.
+  const std::set<std::string> own = {"CSRMOV", "CSRPTS", "CSRPOL", "RPIXLS", "RPXROW"};
+  const std::set<std::string> later = {"WPIXLS", "WPXROW", "RBFPNG", "LDIMG", "SPLINE", "CONTUR2"};
+  const auto check = [&](const RoutineRow& row) {
+    if (own.contains(row.name) || (!row.run && later.contains(row.name))) return;
     for (int k = 0; k < signature_length(row.signature); ++k) {
       if (!signature_field(row.signature, k).ends_with('R')) continue;
       bool counted = false;

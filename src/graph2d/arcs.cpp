@@ -1,0 +1,126 @@
+// Public routines of arcs, sectors and rounded rectangles.
+#include <algorithm>
+#include <cmath>
+
+#include "core/colors.h"
+#include "core/levels.h"
+#include "core/messages.h"
+#include "core/page.h"
+#include "core/pipeline.h"
+#include "graph2d/area.h"
+#include "quilla/quilla.h"
+
+using namespace quilla;
+
+namespace {
+
+constexpr int kChords = 180;      // of a whole turn
+constexpr int kCornerChords = 24; // of a rounded corner
+constexpr int kRoundedSteps = 9;  // of RNDREC
+constexpr float kDegree = 0.017453292F;
+constexpr float kWholeTurn = 360.0F;
+
+struct Outline {
+  float x[2 * (kChords + 1) + 1], y[2 * (kChords + 1) + 1];
+  int n = 0;
+};
+
+void add(Outline& o, float x, float y) {
+  o.x[o.n] = x;
+  o.y[o.n++] = y;
+}
+
+// Chords of an arc from an angle to a later one, in degrees.
+int chordsOf(float from, float to) {
+  const float part = (to - from) / kWholeTurn * static_cast<float>(kChords);
+  return std::clamp(static_cast<int>(std::ceil(part)), 1, kChords);
+}
+
+// Points of a circle's arc, anticlockwise or back, in equal steps of the angle.
+void addArc(Outline& o, float cx, float cy, float r, float from, float to, int chords) {
+  for (int i = 0; i <= chords; i++) {
+    const float angle = (from + (to - from) * static_cast<float>(i) / static_cast<float>(chords)) * kDegree;
+    add(o, cx + r * std::cos(angle), cy - r * std::sin(angle));
+  }
+}
+
+// The end of an arc behind its begin, at most a turn away. Angles of a script may be anything.
+float endBehind(float from, float to) {
+  if (!std::isfinite(from) || !std::isfinite(to)) return from;
+  const float turn = std::fmod(to - from, kWholeTurn);
+  return from + (turn > 0.0F ? turn : turn + kWholeTurn);
+}
+
+float middleX(int nx) { return static_cast<float>(nx); }
+float middleY(const PlotState* s, int ny) { return static_cast<float>(userY(s, ny)); }
+
+} // namespace
+
+void ARCELL(int nx, int ny, int na, int nb, float from, float to, float turn) {
+  PlotState* s = strictCheck(1, 3, "arcell");
+  if (!s || checkRange(s, std::min(na, nb), 1, -1)) return;
+  const float end = endBehind(from, to), c = std::cos(turn * kDegree), d = std::sin(turn * kDegree);
+  const int chords = chordsOf(from, end);
+  for (int i = 0; i <= chords; i++) {
+    const float angle = (from + (end - from) * static_cast<float>(i) / static_cast<float>(chords)) * kDegree;
+    const float u = static_cast<float>(na) * std::cos(angle), v = static_cast<float>(nb) * std::sin(angle);
+    const float x = middleX(nx) + u * c - v * d, y = middleY(s, ny) - (u * d + v * c);
+    if (i == 0) {
+      penMove(s, x, y);
+    } else {
+      penDraw(s, x, y);
+    }
+  }
+}
+
+void PIE(int nx, int ny, int nr, float from, float to) {
+  PlotState* s = strictCheck(1, 3, "pie");
+  if (!s || checkRange(s, nr, 1, -1)) return;
+  const float end = endBehind(from, to), cx = middleX(nx), cy = middleY(s, ny);
+  Outline o;
+  if (end - from < kWholeTurn) add(o, cx, cy);
+  addArc(o, cx, cy, static_cast<float>(nr), from, end, chordsOf(from, end));
+  const int color = s->color.currentColor;
+  drawArea(s, o.x, o.y, o.n, color, color);
+  flushPath(s);
+}
+
+void SECTOR(int nx, int ny, int nr1, int nr2, float from, float to, int color) {
+  PlotState* s = strictCheck(1, 3, "sector");
+  if (!s) return;
+  if (nr1 < 0 || nr2 < 1) return warnWithNumber(s, 51, std::min(nr1, nr2));
+  if (nr1 > nr2) return warnPlain(s, 7);
+  if (!(from < to)) return warnPlain(s, 8);
+  if (checkRange(s, color, -1, -2)) return;
+  const float end = endBehind(from, to), cx = middleX(nx), cy = middleY(s, ny);
+  const int chords = chordsOf(from, end);
+  Outline o;
+  addArc(o, cx, cy, static_cast<float>(nr2), from, end, chords);
+  if (nr1 == 0) {
+    add(o, cx, cy);
+  } else {
+    addArc(o, cx, cy, static_cast<float>(nr1), end, from, chords);
+  }
+  flushPath(s);
+  const int kept = s->color.currentColor;
+  if (color >= 0) setColor(s, color);
+  fillSolid(s, o.x, o.y, o.n);
+  setColor(s, kept);
+}
+
+void RNDREC(int nx, int ny, int nw, int nh, int rounding) {
+  PlotState* s = strictCheck(1, 3, "rndrec");
+  if (!s || checkRange(s, std::min(nw, nh), 1, -1) || checkRange(s, rounding, 0, kRoundedSteps)) return;
+  const float left = middleX(nx), top = middleY(s, ny);
+  const float right = left + static_cast<float>(nw) - 1.0F, bottom = top + static_cast<float>(nh) - 1.0F;
+  const float r = std::min(right - left, bottom - top) / 2.0F * static_cast<float>(rounding) / kRoundedSteps;
+  const float cx[] = {right - r, left + r, left + r, right - r}, cy[] = {top + r, top + r, bottom - r, bottom - r};
+  Outline o;
+  for (int k = 0; k < 4; k++) {
+    const float from = 90.0F * static_cast<float>(k);
+    addArc(o, cx[k], cy[k], r, from, from + 90.0F, rounding == 0 ? 1 : kCornerChords);
+  }
+  const int color = s->color.currentColor;
+  drawArea(s, o.x, o.y, o.n, color, color);
+  flushPath(s);
+}

@@ -1,0 +1,65 @@
+#include "graph2d/vectors.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/levels.h"
+#include "core/messages.h"
+#include "core/page.h"
+#include "core/pipeline.h"
+#include "quilla/quilla.h"
+
+namespace quilla {
+namespace {
+
+enum HeadKind : int { kHeadOpen = 0, kHeadOutlined = 1, kHeadFilled = 2 };
+constexpr int kHighestCode = 2992;
+constexpr int kUsualWidth = 3;        // tenths of the length
+constexpr float kLengthUnit = 10.0F;  // plot units
+constexpr float kUsualLength = 0.25F; // of the line
+
+struct Head {
+  int kind;
+  float length, halfWidth;
+};
+
+// A head with its tip at (x, y) that points along the unit vector (u, v).
+void drawHead(PlotState* s, const Head& h, float x, float y, float u, float v) {
+  const float bx = x - u * h.length, by = y - v * h.length;
+  const float px[] = {bx - v * h.halfWidth, x, bx + v * h.halfWidth};
+  const float py[] = {by + u * h.halfWidth, y, by - u * h.halfWidth};
+  if (h.kind == kHeadFilled) return fillSolid(s, px, py, 3);
+  penMove(s, px[0], py[0]);
+  penDraw(s, px[1], py[1]);
+  penDraw(s, px[2], py[2]);
+  if (h.kind == kHeadOutlined) penDraw(s, px[0], py[0]);
+}
+
+} // namespace
+
+void drawVector(PlotState* s, float x1, float y1, float x2, float y2, int code) {
+  penMove(s, x1, y1);
+  penDraw(s, x2, y2);
+  const int w = code / 1000, x = code / 100 % 10, y = code / 10 % 10, z = code % 10;
+  const float length = std::hypot(x2 - x1, y2 - y1);
+  if (code < 0 || code > kHighestCode || z < 1 || z > 2 || !(length > 0.0F)) return;
+  Head h;
+  h.kind = w;
+  h.length = y == 0 ? length * kUsualLength : std::min(static_cast<float>(y) * kLengthUnit, length);
+  h.halfWidth = h.length * static_cast<float>(x == 0 ? kUsualWidth : x) / 10.0F;
+  const float u = (x2 - x1) / length, v = (y2 - y1) / length;
+  drawHead(s, h, x2, y2, u, v);
+  if (z == 2) drawHead(s, h, x1, y1, -u, -v);
+}
+
+} // namespace quilla
+
+using namespace quilla;
+
+void VECTOR(int nx1, int ny1, int nx2, int ny2, int code) {
+  PlotState* s = strictCheck(1, 3, "vector");
+  if (!s) return;
+  drawVector(s, static_cast<float>(nx1), static_cast<float>(userY(s, ny1)), static_cast<float>(nx2),
+             static_cast<float>(userY(s, ny2)), code);
+  flushPath(s);
+}
