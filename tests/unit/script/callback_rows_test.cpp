@@ -182,7 +182,7 @@ TEST_F(CallbackRows, PieFromAScript) {
         "SUBROUTINE CB_FREE(I, X, P, N1, N2, R, L1, L2, L3, L4)\nEXTERN V, B\nPRINTL I, X, P\nV = 7\nB = 'x'\n"
         "QUIFIN()\nEND\n");
   const std::string refused =
-      " >>>> Routine not allowed in a callback: QUIFIN in record 7 (" + testing::TempDir() + "cb_free.qsl)\n";
+      " >>>> Routine not allowed in a callback: QUIFIN in record 7 (" + folder + "/cb_free.qsl)\n";
   EXPECT_EQ(run("METAFL('PDF')\nSETFIL('/dev/null')\nQUIINI()\nUNIT(0)\nV = {1.0, 3.0}\nB = ' '\nLEGINI(B,2,4)\n"
                 "PIECBK('cb_free')\nPIEGRF(B,1,V,2)\nN = GETLEV()\nPRINTL N, V\nQUIFIN()\n"),
             "1 1.000000 25.000000 \n" + refused + "2 3.000000 75.000000 \n" + refused + "2 7 \n");
