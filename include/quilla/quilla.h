@@ -202,9 +202,21 @@ void PIE(int nx, int ny, int nr, float from, float to);
 void SECTOR(int nx, int ny, int nr1, int nr2, float from, float to, int color);
 /* 1..3: arc of an ellipse with half axes na and nb, turned by an angle; lines in the current line type */
 void ARCELL(int nx, int ny, int na, int nb, float from, float to, float turn);
-void RLREC(float x, float y, float width, float height); /* 2, 3: the same in user coordinates */
-void RLCIRC(float x, float y, float radius);             /* 2, 3: radius in units of the X axis */
-void RLELL(float x, float y, float a, float b);          /* 2, 3 */
+void RLREC(float x, float y, float width, float height);               /* 2, 3: the same in user coordinates */
+void RLCIRC(float x, float y, float radius);                           /* 2, 3: radius in units of the X axis */
+void RLELL(float x, float y, float a, float b);                        /* 2, 3 */
+void RLRND(float x, float y, float width, float height, int rounding); /* 2, 3 */
+void RLPOIN(float x, float y, int nb, int nh, int color);              /* 2, 3: POINT at user coordinates */
+void RLVEC(float x1, float y1, float x2, float y2, int code);          /* 2, 3: VECTOR between user coordinates */
+/* 2, 3: PIE, SECTOR and ARCELL around a point in user coordinates; lengths are in units of the X axis, the second half
+ * axis of an arc in units of the Y axis */
+void RLPIE(float x, float y, float r, float from, float to);
+void RLSEC(float x, float y, float r1, float r2, float from, float to, int color);
+void RLARC(float x, float y, float a, float b, float from, float to, float turn);
+/* 1..3: the wind barb of a speed in knots (half barb 5, barb 10, pennant 50), size: length of the staff, which points
+ * to where the wind comes from, in degrees clockwise from the top of the page; calm below 2.5 is a circle */
+void WINDBR(float knots, int nx, int ny, int size, float direction);
+void RLWIND(float knots, float x, float y, int size, float direction); /* 2, 3: at user coordinates */
 
 /* ---- Text ------------------------------------------------------------------------------------------------------ */
 

@@ -12,6 +12,7 @@
 #include "graph2d/area.h"
 #include "graph2d/legend.h"
 #include "graph2d/pie.h"
+#include "graph2d/vectors.h"
 #include "text/text.h"
 
 namespace quilla {
@@ -210,8 +211,16 @@ void placeColumn(PlotState* s, const PieShape& pie, PieLabel labels[], Column c,
   }
 }
 
-// From the edge of the segment to its label.
-void drawVector(PlotState* s, const PieShape& pie, const PieSegment& segment, const PieLabel& label) {
+// The code of PIEVEC with heads of one size, half the height of the letters, where it leaves them to the line's length.
+int vectorKind(const PlotState* s) {
+  constexpr int kHeadUnit = 10; // plot units of one step of the third digit
+  int kind = s->pie.pieVectorKind;
+  if (kind / 10 % 10 != 0) return kind;
+  return kind + std::clamp(s->text.textHeight / 2 / kHeadUnit, 1, 9) * 10;
+}
+
+// From the edge of the segment to its label; the head that PIEVEC chooses points to the segment.
+void drawLabelVector(PlotState* s, const PieShape& pie, const PieSegment& segment, const PieLabel& label) {
   if (s->pie.pieVectorMode == kPieVectorNone) return;
   float angle = middleOf(segment);
   PiePoint edge = piePoint(pie, segment, angle, 1.0F);
@@ -220,9 +229,10 @@ void drawVector(PlotState* s, const PieShape& pie, const PieSegment& segment, co
   float gap = characters(s, kTextGap), width = static_cast<float>(label.size.width);
   float x = label.side > 0 ? label.x - gap : label.x + width + gap;
   float y = label.y + static_cast<float>(label.size.height) / 2.0F;
-  penMove(s, edge.x, edge.y);
-  if (s->pie.pieVectorMode == kPieVectorBroken)
-    penDraw(s, x - static_cast<float>(label.side) * characters(s, kStub), y);
+  float bend = s->pie.pieVectorMode == kPieVectorBroken ? x - static_cast<float>(label.side) * characters(s, kStub) : x;
+  drawVector(s, bend, y, edge.x, edge.y, vectorKind(s));
+  if (bend == x) return;
+  penMove(s, bend, y);
   penDraw(s, x, y);
 }
 
@@ -323,7 +333,7 @@ void drawPieLabels(PlotState* s, const PieShape& pie, const PieTexts& texts, con
     int color = segment.labelColor >= 0 ? segment.labelColor : pie.color;
     if (inside) color = visibleColor(s, segment.labelColor, pie.color, segment.color);
     if (s->color.currentColor != color) setColor(s, color);
-    if (!inside) drawVector(s, pie, segment, labels[i]);
+    if (!inside) drawLabelVector(s, pie, segment, labels[i]);
     drawTexts(s, texts, segment, i, labels[i]);
   }
   flushPath(s);

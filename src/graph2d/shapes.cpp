@@ -67,6 +67,19 @@ void ellipse(PlotState* s, float cx, float cy, float a, float b) {
   drawShape(s, p.x, p.y, kSmoothChords + 1);
 }
 
+// A rectangle of a size in plot units, by its upper left corner, in a colour or, for -1, the current one.
+void fillRectangle(PlotState* s, float x, float y, int nw, int nh, int color) {
+  flushPath(s);
+  float right = x + static_cast<float>(nw) - 1.0F, bottom = y + static_cast<float>(nh) - 1.0F;
+  int paint = color == -1 ? s->color.currentColor : color;
+  if (!s->transform.transformOn && s->shield.shieldCount == 0 && qqbar(s, x, y, right, bottom, paint)) return;
+  int kept = s->color.currentColor;
+  const float xs[] = {x, right, right, x}, ys[] = {y, y, bottom, bottom};
+  setColor(s, paint);
+  fillSolid(s, xs, ys, 4);
+  setColor(s, kept);
+}
+
 // Both curves need logarithms where the axes ask for them.
 bool curveFits(PlotState* s, const float* x, const float* y, int n) {
   for (int i = 0; i < n; i++) {
@@ -141,23 +154,21 @@ void RECTAN(int nx, int ny, int nw, int nh) {
 void RECFLL(int nx, int ny, int nw, int nh, int color) {
   PlotState* s = strictCheck(1, 3, "recfll");
   if (!s || !positivePair(s, nw, nh) || checkRange(s, color, -1, -2)) return;
-  flushPath(s);
-  float x = static_cast<float>(nx), y = static_cast<float>(userY(s, ny));
-  float right = x + static_cast<float>(nw) - 1.0F, bottom = y + static_cast<float>(nh) - 1.0F;
-  int paint = color == -1 ? s->color.currentColor : color;
-  if (!s->transform.transformOn && s->shield.shieldCount == 0 && qqbar(s, x, y, right, bottom, paint)) return;
-  int kept = s->color.currentColor;
-  const float xs[] = {x, right, right, x}, ys[] = {y, y, bottom, bottom};
-  setColor(s, paint);
-  fillSolid(s, xs, ys, 4);
-  setColor(s, kept);
+  fillRectangle(s, static_cast<float>(nx), static_cast<float>(userY(s, ny)), nw, nh, color);
 }
 
 void POINT(int nx, int ny, int nb, int nh, int color) {
   PlotState* s = strictCheck(1, 3, "point");
-  if (!s || !positivePair(s, nb, nh)) return;
-  RECFLL(addCoordinates(nx, -(nb / 2)), addCoordinates(ny, -(nh / 2)), nb, nh, color);
-  copyText(s->level.routineName, "point", kRoutineNameLength);
+  if (!s || !positivePair(s, nb, nh) || checkRange(s, color, -1, -2)) return;
+  float y = static_cast<float>(userY(s, addCoordinates(ny, -(nh / 2))));
+  fillRectangle(s, static_cast<float>(addCoordinates(nx, -(nb / 2))), y, nb, nh, color);
+}
+
+void RLPOIN(float x, float y, int nb, int nh, int color) {
+  PlotState* s = strictCheck(2, 3, "rlpoin");
+  if (!s || !positivePair(s, nb, nh) || checkRange(s, color, -1, -2)) return;
+  PlotPoint p = plotPoint(s, x, y);
+  fillRectangle(s, p.x - static_cast<float>(nb / 2), p.y - static_cast<float>(nh / 2), nb, nh, color);
 }
 
 void CIRCLE(int nx, int ny, int radius) {

@@ -7,6 +7,7 @@
 #include "core/messages.h"
 #include "core/page.h"
 #include "core/pipeline.h"
+#include "graph2d/scaling.h"
 #include "quilla/quilla.h"
 
 namespace quilla {
@@ -61,5 +62,13 @@ void VECTOR(int nx1, int ny1, int nx2, int ny2, int code) {
   if (!s) return;
   drawVector(s, static_cast<float>(nx1), static_cast<float>(userY(s, ny1)), static_cast<float>(nx2),
              static_cast<float>(userY(s, ny2)), code);
+  flushPath(s);
+}
+
+void RLVEC(float x1, float y1, float x2, float y2, int code) {
+  PlotState* s = strictCheck(2, 3, "rlvec");
+  if (!s) return;
+  PlotPoint p = plotPoint(s, x1, y1), q = plotPoint(s, x2, y2);
+  drawVector(s, p.x, p.y, q.x, q.y, code);
   flushPath(s);
 }

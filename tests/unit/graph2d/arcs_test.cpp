@@ -135,3 +135,47 @@ TEST_F(Arcs, PointsAreJoinedInTheLineType) {
   EXPECT_EQ(traced("move"), (std::vector<std::string>{"10.50 20.25"}));
   EXPECT_EQ(traced("draw"), (std::vector<std::string>{"30.00 40.00"}));
 }
+
+// Routines in user coordinates draw what those in plot units draw: one unit of X is 100 and one of Y 50 plot units.
+TEST_F(Arcs, UserCoordinates) {
+  const auto drawn = [&](auto action) {
+    std::filesystem::remove("trace.txt"); // plots of one run add to it
+    open();
+    AXSPOS(500, 1500);
+    AXSLEN(1001, 501);
+    NOGRAF();
+    GRAF(0, 10, 0, 1, 0, 10, 0, 1);
+    action();
+    QUIFIN();
+    return linesOf("trace.txt");
+  };
+  EXPECT_EQ(drawn([] { RLARC(3, 4, 2, 4, 10, 200, 30); }), drawn([] { ARCELL(800, 1300, 200, 200, 10, 200, 30); }));
+  EXPECT_EQ(drawn([] { RLPIE(3, 4, 2, 10, 70); }), drawn([] { PIE(800, 1300, 200, 10, 70); }));
+  EXPECT_EQ(drawn([] { RLSEC(3, 4, 1, 2, 10, 70, 5); }), drawn([] { SECTOR(800, 1300, 100, 200, 10, 70, 5); }));
+  EXPECT_EQ(drawn([] { RLVEC(1, 1, 5, 9, 2301); }), drawn([] { VECTOR(600, 1450, 1000, 1050, 2301); }));
+  EXPECT_EQ(drawn([] { RLPOIN(3, 4, 21, 11, 5); }), drawn([] { POINT(800, 1300, 21, 11, 5); }));
+  EXPECT_EQ(drawn([] { RLRND(1, 9, 4, 6, 5); }), drawn([] { RNDREC(600, 1050, 401, 301, 5); }));
+  EXPECT_EQ(drawn([] { RLWIND(65, 3, 4, 100, 45); }), drawn([] { WINDBR(65, 800, 1300, 100, 45); }));
+}
+
+// 65 knots: a pennant, a barb and a half one, outside first, to the right of a staff that points upwards.
+TEST_F(Arcs, WindBarb) {
+  open();
+  WINDBR(64, 1000, 1000, 100, 0);
+  EXPECT_EQ(traced("move"), (std::vector<std::string>{"1000.00 1000.00", "1000.00 912.00", "1000.00 924.00"}));
+  EXPECT_EQ(traced("draw"), (std::vector<std::string>{"1000.00 900.00", "1040.00 900.00", "1020.00 918.00"}));
+  EXPECT_EQ(traced("fill"), std::vector<std::string>{"3 1000.00 900.00 1040.00 906.00 1000.00 912.00"});
+}
+
+TEST_F(Arcs, WindBarbOfLittleWind) {
+  open();
+  WINDBR(5, 1000, 1000, 100, 90); // from the right; the half barb stands away from the end
+  EXPECT_EQ(traced("move"), (std::vector<std::string>{"1000.00 1000.00", "1088.00 1000.00"}));
+  EXPECT_EQ(traced("draw"), (std::vector<std::string>{"1100.00 1000.00", "1094.00 1020.00"}));
+}
+
+TEST_F(Arcs, CalmIsACircle) {
+  open();
+  WINDBR(2, 1000, 1000, 100, 90);
+  for (const auto& p : points()) EXPECT_NEAR(std::hypot(p[0] - 1000, p[1] - 1000), 12.0, 0.01);
+}
