@@ -6,9 +6,9 @@
 #include "core/page.h"
 #include "core/pipeline.h"
 #include "core/rectangle.h"
-#include "device/file_kind.h"
 #include "device/sink.h"
 #include "graph2d/plot_file_reader.h"
+#include "image/file_kind.h"
 #include "quilla/quilla.h"
 
 namespace quilla {
@@ -114,6 +114,7 @@ void INCFIL(const char* name) {
   case kFileGif:
   case kFilePng:
   case kFileTiff:
+  case kFilePpm:
   case kFileTiffSpecial: return warnPlain(s, kIncompatible); // there is no device that takes images
   case kFileWmf:
   case kFileHpgl:
