@@ -55,8 +55,6 @@ int searchNearest(const RasterCanvas& canvas, Rgb colour) {
   return best;
 }
 
-void forgetNearest(RasterCanvas& canvas) { std::memset(canvas.nearestKey, 0, sizeof canvas.nearestKey); }
-
 } // namespace
 
 RasterCanvas* createCanvas(int width, int height, bool trueColour, bool backgroundWhite) {
@@ -100,14 +98,11 @@ void eraseCanvas(RasterCanvas& canvas) {
   noteDrawn(canvas, wholeCanvas(canvas));
 }
 
-void setPaletteEntry(RasterCanvas& canvas, int index, Rgb colour) {
-  canvas.palette[index & (kPaletteSize - 1)] = colour;
-  forgetNearest(canvas);
-}
-
-void setPaletteCount(RasterCanvas& canvas, int count) {
-  canvas.paletteCount = std::clamp(count, 1, kPaletteSize);
-  forgetNearest(canvas);
+void setPalette(RasterCanvas& canvas, int first, const Rgb* entries, int n, int known) {
+  const int start = std::clamp(first, 0, kPaletteSize);
+  std::copy_n(entries, std::clamp(n, 0, kPaletteSize - start), canvas.palette + start);
+  canvas.paletteCount = std::clamp(known, 1, kPaletteSize);
+  std::memset(canvas.nearestKey, 0, sizeof canvas.nearestKey);
 }
 
 int nearestIndex(RasterCanvas& canvas, Rgb colour) {

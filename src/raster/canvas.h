@@ -20,6 +20,8 @@ struct Rgb {
   friend bool operator==(const Rgb&, const Rgb&) = default;
 };
 
+enum class FillResult { kFine, kTooManyCrossings, kNoMemory };
+
 // Where the drawing goes.
 enum class CanvasLayer { kPicture, kTransparent };
 
@@ -46,9 +48,10 @@ struct RasterCanvas {
   Rgb transparent = {0, 0, 0};
 
   // Pen.
-  int lineWidth = 1; // pixels
-  int lineCap = 2;   // 0 cut, 1 round, 2 long
-  int lineJoin = 2;  // 0 sharp, 1 round, 2 truncated
+  int lineWidth = 1;      // pixels
+  int lineCap = 2;        // 0 cut, 1 round, 2 long
+  int lineJoin = 2;       // 0 sharp, 1 round, 2 truncated
+  float lineMiter = 2.0F; // longest sharp corner, in line widths
   bool antialias = false;
   int polyX[kCanvasPathLimit] = {}, polyY[kCanvasPathLimit] = {};
   int polyCount = 0;
@@ -71,9 +74,8 @@ void freeCanvas(RasterCanvas* canvas);
 // The active pixels as they were at first: entry 0, black or white.
 void eraseCanvas(RasterCanvas& canvas);
 
-// The palette; count: entries among which the nearest colour is searched.
-void setPaletteEntry(RasterCanvas& canvas, int index, Rgb colour);
-void setPaletteCount(RasterCanvas& canvas, int count);
+// Entries of the palette from first on; known: among how many entries the nearest colour is searched.
+void setPalette(RasterCanvas& canvas, int first, const Rgb* entries, int n, int known);
 // Smallest sum of absolute differences, lower index on ties.
 int nearestIndex(RasterCanvas& canvas, Rgb colour);
 
