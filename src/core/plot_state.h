@@ -17,6 +17,7 @@
 #include "graph2d/curve_group.h"
 #include "graph2d/legend_group.h"
 #include "graph2d/pie_group.h"
+#include "raster/raster_group.h"
 #include "text/text_group.h"
 
 namespace quilla {
@@ -33,6 +34,7 @@ struct PlotState {
   LibrarySetup librarySetup;
   WindowSetup windowSetup;
   DateSetup dateSetup;
+  RasterSetup rasterSetup;
 
   // Run lifetime: set by the default settings of QUIINI and by RESET("ALL").
   MessageGroup message;
@@ -52,12 +54,14 @@ struct PlotState {
   LegendGroup legend;
   BarGroup bar;
   PieGroup pie;
+  ImageGroup image;
 
   // Working state.
   MessageStreams streams;
   PageGeometry geometry;
   ColorState colorState;
   DeviceGroup device;
+  RasterState raster;
   DashState dash;
   PathState path;
   ClipGroup clip;

@@ -19,5 +19,7 @@ void run_grafr(const Call& call); // one count for both arrays
 void run_getuni(const Call& call);
 void run_utfint(const Call& call);
 void run_intutf(const Call& call);
+void run_wpixls(const Call& call);
+void run_wpxrow(const Call& call);
 
 } // namespace qsl

@@ -106,7 +106,7 @@ constexpr RoutineRow kValueRoutines[kValueRoutineCount] = {
     absent("OPENFL", "S,I,I"),
     bound<"PDFBUF", "AR,I", PDFBUF>(counted(1, 2)),
     absent("POSIFL", "I,I"),
-    absent("RBFPNG", "AR,I"),
+    bound<"RBFPNG", "AR,I", RBFPNG>(counted(1, 2)),
     absent("READFL", "I,AR,I"),
     absent("SKIPFL", "I,I"),
     absent("TELLFL", "I"),
