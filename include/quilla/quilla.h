@@ -50,8 +50,9 @@ const char* GETDSP(void);                         /* any: kind of the display: "
 
 /* ---- Other files ----------------------------------------------------------------------------------------------- */
 
-void INCFIL(const char* name);                     /* 1..3: draws a PLTM or CGM file into the plot */
+void INCFIL(const char* name);                     /* 1..3: draws a PLTM, CGM or image file into the plot */
 void FILBOX(int nx, int ny, int nw, int nh);       /* setter: where INCFIL draws, upper left corner and size */
+void FILWIN(int nx, int ny, int nw, int nh);       /* setter: part of an image that INCFIL shows on a raster, pixels */
 void FILCLR(const char* mode);                     /* setter: "ALL", "NONE" of the colours of an included file */
 void PLYINI(const char* mode);                     /* setter: "STAN", collects solids for a PLY file */
 void PLYFIN(const char* name, const char* object); /* 1..3: writes the PLY file */
@@ -92,6 +93,20 @@ void RIMAGE(const char* name);
 int RBFPNG(unsigned char* bytes, int size);  /* 1..3: a PNG file into memory; its length, 0 if it does not fit */
 void TIFORG(int nx, int ny);                 /* setter: pixel at which a TIFF image is placed */
 void TIFWIN(int nx, int ny, int nw, int nh); /* setter: part of a TIFF image that is read */
+
+/* Images: PNG, GIF, BMP, TIFF and PPM. INCFIL puts them on rasters, PostScript and PDF; MAPIMG on every device. Warning
+   36: the file cannot be opened, 56: it is none of these, 123: it is damaged or has a feature that is not read. */
+int FILTYP(const char* name); /* any: 1 BMP, 2 GIF, 3 TIFF, 4 PNG, 5 raw image, 6 PLTM or any text, 7 CGM, 8 WMF, 9
+                                 HPGL, 10 PostScript, 11 PDF, 12 placeable WMF, 13 PPM; -1 after warning 36 */
+int FILSIZ(const char* name, int* width, int* height); /* any: pixels of an image; 0, or -1 if it tells no size */
+/* any: pixels of an image as data; returns the count of elements, 0 after a warning. size: elements of the array, or 0
+   to ask for the count. mode 0: each row as a plane of red, one of green, one of blue; 1, 2, 3: one of them alone; -1:
+   bytes r, g, b, two to an element. A TIFF of five grey samples a pixel has five planes, and modes up to 5. */
+int LDIMG(const char* name, short* array, int size, int mode);
+/* 2..3: pixel (i, j), column and row from the upper left, is a rectangle around the user coordinates
+   (a i + b j + e, c i + d j + f) */
+void MAPIMG(const char* name, float a, float b, float c, float d, float e, float f);
+void GRFIMG(const char* name); /* 1..3: an image on the plane of GRFINI; warning 34 without it */
 
 /* ---- Messages -------------------------------------------------------------------------------------------------- */
 

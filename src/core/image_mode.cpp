@@ -2,6 +2,7 @@
 #include "core/levels.h"
 #include "core/messages.h"
 #include "core/pipeline.h"
+#include "device/page_image.h"
 #include "device/raster_driver.h"
 #include "quilla/quilla.h"
 
@@ -17,8 +18,9 @@ void IMGINI(void) {
   PlotState* s = strictCheck(1, 3, "imgini");
   if (!s) return;
   if (s->raster.imageOpen) return warnPlain(s, kImageOpen);
-  if (!s->raster.canvas) return warnPlain(s, kIncompatible);
+  if (!s->raster.canvas && !holdsPageImages(s)) return warnPlain(s, kIncompatible);
   flushPath(s);
+  if (!s->raster.canvas && !sinkOpenImage(s)) return;
   s->raster.imageOpen = true;
 }
 
@@ -27,5 +29,6 @@ void IMGFIN(void) {
   if (!s) return;
   if (!s->raster.imageOpen) return warnPlain(s, kImageNotOpen);
   flushPath(s);
+  if (holdsPageImages(s)) sinkCloseImage(s);
   s->raster.imageOpen = false;
 }

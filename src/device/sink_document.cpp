@@ -7,6 +7,7 @@
 #include "device/device_point.h"
 #include "device/ipe_driver.h"
 #include "device/metafile_driver.h"
+#include "device/page_image.h"
 #include "device/pdf_driver.h"
 #include "device/plain_drivers.h"
 #include "device/plot_file.h"
@@ -225,6 +226,7 @@ bool sinkOpen(PlotState* s) {
 void sinkClose(PlotState* s) {
   if (s->device.trace) traceWord(s, "close");
   if (plyCollects(s)) plyWrite(s, "quilla.ply", "quilla");
+  if (s->raster.imageOpen && holdsPageImages(s)) sinkCloseImage(s); // IMGFIN was forgotten
   switch (deviceFamily(s->deviceSetup.deviceNumber)) {
   case DeviceFamily::kPostScript: closePostScript(s); break;
   case DeviceFamily::kPdf: closePdf(s); break;
