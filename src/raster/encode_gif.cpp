@@ -9,7 +9,7 @@ namespace quilla {
 namespace {
 
 constexpr int kTableSize = 5021; // prime, for short probes at 4096 codes
-constexpr int kFreeSlot = 65535;
+constexpr std::uint32_t kFreeSlot = ~0U;
 constexpr int kPixelBits = 8, kClearCode = 256, kEndCode = 257, kFirstCode = 258, kLastCode = 4095;
 constexpr int kFirstCodeSize = 9, kFirstLimit = 512;
 constexpr int kBlockSize = 255;
@@ -46,11 +46,11 @@ struct LzwEncoder {
   CodeWriter writer;
   int prefix = -1; // code of the string so far
   int nextFree = kFirstCode, size = kFirstCodeSize, limit = kFirstLimit;
-  std::uint16_t code[kTableSize], stringPrefix[kTableSize];
-  unsigned char suffix[kTableSize];
+  std::uint32_t string[kTableSize]; // code of a prefix, and the pixel behind it in the low byte
+  std::uint16_t code[kTableSize];
 
   void clear() {
-    std::fill_n(code, kTableSize, static_cast<std::uint16_t>(kFreeSlot));
+    std::fill_n(string, kTableSize, kFreeSlot);
     nextFree = kFirstCode;
     size = kFirstCodeSize;
     limit = kFirstLimit;
@@ -62,11 +62,10 @@ struct LzwEncoder {
     limit *= 2;
   }
 
-  // The string of the prefix and one pixel gets a code; the prefix is emitted.
-  void learn(int slot, int pixel) {
+  // A string gets a code; the one of its prefix is emitted.
+  void learn(int slot, std::uint32_t key) {
+    string[slot] = key;
     code[slot] = static_cast<std::uint16_t>(nextFree);
-    stringPrefix[slot] = static_cast<std::uint16_t>(prefix);
-    suffix[slot] = static_cast<unsigned char>(pixel);
     writer.put(prefix, size);
     growAtLimit();
     if (++nextFree == kLastCode) {
@@ -82,15 +81,16 @@ struct LzwEncoder {
       const int pixel = pixels[i];
       int slot = pixel << 4 ^ prefix;
       const int step = slot == 0 ? 1 : kTableSize - slot;
-      while (code[slot] != kFreeSlot && (stringPrefix[slot] != prefix || suffix[slot] != pixel)) {
+      const std::uint32_t key = static_cast<std::uint32_t>(prefix) << kPixelBits | static_cast<std::uint32_t>(pixel);
+      while (string[slot] != key && string[slot] != kFreeSlot) {
         slot -= step;
         if (slot < 0) slot += kTableSize;
       }
-      if (code[slot] != kFreeSlot) {
+      if (string[slot] == key) {
         prefix = code[slot];
         continue;
       }
-      learn(slot, pixel);
+      learn(slot, key);
       prefix = pixel;
     }
   }

@@ -176,6 +176,7 @@ template <typename Pixel> void drawPath(RasterCanvas& canvas, Pixel value) {
   if (canvas.lineWidth > 1) {
     for (int i = 1; i < n; ++i) widerLine(canvas, x[i - 1], y[i - 1], x[i], y[i], value);
     for (int i = 1; i + 1 < n; ++i) putSquare(canvas, x[i], y[i], value);
+    if (n > 2 && x[0] == x[n - 1] && y[0] == y[n - 1]) return putSquare(canvas, x[0], y[0], value);
     putDot(canvas, x[0], y[0], value);
     return putDot(canvas, x[n - 1], y[n - 1], value);
   }

@@ -9,11 +9,12 @@ import naming_cases
 import pdf_cases
 import picture_cases
 import postscript_cases
+import raster_cases
 import text_cases
 from file_case import Failure, Workplace
 
 FAMILIES = {"naming": naming_cases, "pdf": pdf_cases, "postscript": postscript_cases, "text": text_cases,
-            "picture": picture_cases}
+            "picture": picture_cases, "raster": raster_cases}
 
 
 def run_case(program, case):
