@@ -109,17 +109,19 @@ ImageStatus readPlain(const BmpReader& r, Image& image) {
 struct RunReader {
   const unsigned char* next;
   const unsigned char* end;
+  int rowEnd; // runs may fill the padding of a row, as some writers do
   int x = 0, row = 0;
 };
 enum Mark : int { kEndOfRow = 0, kEndOfImage = 1, kJump = 2 };
 
 bool putRun(const BmpReader& r, RunReader& runs, int count, unsigned value, Image& image) {
-  if (runs.row >= r.height || count > r.width - runs.x) return false;
-  unsigned char* rgb = targetRow(r, image, runs.row) + kColorBytes * runs.x;
+  if (runs.row >= r.height || count > runs.rowEnd - runs.x) return false;
+  unsigned char* rgb = targetRow(r, image, runs.row) + kColorBytes * std::min(runs.x, r.width);
+  const int shown = std::min(count, r.width - runs.x);
   runs.x += count;
   const bool four = r.compression == kRuns4;
   const unsigned char* colors[2] = {r.palette[four ? value >> 4U : value], r.palette[four ? value & 15U : value]};
-  for (int i = 0; i < count; ++i, rgb += kColorBytes) putPixel(rgb, colors[i & 1]);
+  for (int i = 0; i < shown; ++i, rgb += kColorBytes) putPixel(rgb, colors[i & 1]);
   return true;
 }
 
@@ -127,10 +129,11 @@ bool putRun(const BmpReader& r, RunReader& runs, int count, unsigned value, Imag
 bool putPixels(const BmpReader& r, RunReader& runs, int count, Image& image) {
   const bool four = r.compression == kRuns4;
   const int bytes = four ? (count + 1) / 2 : count, padded = bytes + (bytes & 1);
-  if (runs.row >= r.height || count > r.width - runs.x || runs.end - runs.next < bytes) return false;
-  unsigned char* rgb = targetRow(r, image, runs.row) + kColorBytes * runs.x;
+  if (runs.row >= r.height || count > runs.rowEnd - runs.x || runs.end - runs.next < bytes) return false;
+  unsigned char* rgb = targetRow(r, image, runs.row) + kColorBytes * std::min(runs.x, r.width);
   const unsigned char* p = runs.next;
-  for (int i = 0; i < count; ++i, rgb += kColorBytes) {
+  const int shown = std::min(count, r.width - runs.x);
+  for (int i = 0; i < shown; ++i, rgb += kColorBytes) {
     const int index = four ? ((i & 1) == 0 ? p[i / 2] >> 4 : p[i / 2] & 15) : p[i];
     putPixel(rgb, r.palette[index]);
   }
@@ -148,7 +151,7 @@ bool jump(const BmpReader& r, RunReader& runs, Image& image) {
   if (runs.end - runs.next < 2) return false;
   const int right = runs.next[0], up = runs.next[1];
   runs.next += 2;
-  if (right > r.width - runs.x || up > r.height - runs.row) return false;
+  if (right > runs.rowEnd - runs.x || up > r.height - runs.row) return false;
   runs.x += right;
   moveToRow(r, runs, runs.row + up, image);
   return true;
@@ -163,7 +166,9 @@ void fillWithFirst(const BmpReader& r, Image& image) {
 
 ImageStatus readRuns(const BmpReader& r, Image& image) {
   fillWithFirst(r, image);
-  RunReader runs = {r.data.data(), r.data.data() + r.data.size()};
+  const int perWord = 32 / r.bits;
+  const int rowEnd = r.width + (perWord - r.width % perWord) % perWord;
+  RunReader runs = {r.data.data(), r.data.data() + r.data.size(), rowEnd};
   while (runs.end - runs.next >= 2) {
     const int count = *runs.next++;
     const int value = *runs.next++;

@@ -81,9 +81,19 @@ TEST(Bmp, JumpsLeaveTheFirstColour) {
   EXPECT_EQ(d.all(), (Pixels{kFirst, kFirst, kThird, kThird, kFirst, kFirst}));
 }
 
+TEST(Bmp, RunsMayFillThePaddingOfARow) {
+  const Decoded eight = decode(fileOf({3, 1, 8, 1, kPalette}, {4, 1, 0, 1}));
+  EXPECT_EQ(eight.status, kImageFine);
+  EXPECT_EQ(eight.all(), (Pixels(3, kSecond)));
+  const Decoded four = decode(fileOf({3, 2, 4, 2, kPalette}, {8, 0x11, 0, 0, 0, 8, 0x22, 0x22, 0x22, 0x22, 0, 1}));
+  EXPECT_EQ(four.status, kImageFine);
+  EXPECT_EQ(four.all(), (Pixels{kThird, kThird, kThird, kSecond, kSecond, kSecond}));
+}
+
 TEST(Bmp, RunsThatDoNotFit) {
-  EXPECT_EQ(decode(fileOf({3, 1, 8, 1, kPalette}, {4, 1, 0, 1})).status, kImageOverrun);
-  EXPECT_EQ(decode(fileOf({3, 1, 8, 1, kPalette}, {0, 2, 4, 0, 0, 1})).status, kImageOverrun);
+  EXPECT_EQ(decode(fileOf({3, 1, 8, 1, kPalette}, {5, 1, 0, 1})).status, kImageOverrun);
+  EXPECT_EQ(decode(fileOf({3, 1, 4, 2, kPalette}, {9, 1, 0, 1})).status, kImageOverrun);
+  EXPECT_EQ(decode(fileOf({3, 1, 8, 1, kPalette}, {0, 2, 5, 0, 0, 1})).status, kImageOverrun);
   EXPECT_EQ(decode(fileOf({3, 1, 8, 1, kPalette}, {0, 2, 0, 2, 0, 1})).status, kImageOverrun);
   EXPECT_EQ(decode(fileOf({3, 1, 8, 1, kPalette}, {0, 3, 1})).status, kImageOverrun);
   EXPECT_EQ(decode(fileOf({3, 2, 8, 1, kPalette}, {3, 1})).status, kImageOverrun); // no end
