@@ -18,6 +18,7 @@
 #include "graph2d/curve_group.h"
 #include "graph2d/legend_group.h"
 #include "graph2d/pie_group.h"
+#include "raster/raster_group.h"
 #include "text/text_group.h"
 #include "widget/widget_group.h"
 
@@ -37,6 +38,7 @@ struct PlotState {
   DateSetup dateSetup;
   WidgetSetup widgetSetup;
   UserFiles userFiles;
+  RasterSetup rasterSetup;
 
   // Run lifetime: set by the default settings of QUIINI and by RESET("ALL").
   MessageGroup message;
@@ -56,12 +58,14 @@ struct PlotState {
   LegendGroup legend;
   BarGroup bar;
   PieGroup pie;
+  ImageGroup image;
 
   // Working state.
   MessageStreams streams;
   PageGeometry geometry;
   ColorState colorState;
   DeviceGroup device;
+  RasterState raster;
   DashState dash;
   PathState path;
   ClipGroup clip;

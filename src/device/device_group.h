@@ -77,6 +77,8 @@ struct IncludeGroup {
   bool fileBoxSet = false; // FILBOX
   int fileBoxX = 0, fileBoxY = 0, fileBoxW = 0, fileBoxH = 0;
   bool ignoreFileColors = false; // FILCLR NONE
+  bool fileWindowSet = false;    // FILWIN: the part of an image that is shown, in its pixels
+  int fileWindowX = 0, fileWindowY = 0, fileWindowW = 0, fileWindowH = 0;
 };
 
 } // namespace quilla

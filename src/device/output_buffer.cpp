@@ -43,6 +43,23 @@ void putBytes(OutputBuffer* out, const char* bytes, int count) {
 
 void putText(OutputBuffer* out, std::string_view text) { putBytes(out, text.data(), static_cast<int>(text.size())); }
 
+ByteTarget bytesTo(OutputBuffer* out) {
+  ByteTarget target;
+  target.to = out;
+  target.put = [](void* to, const unsigned char* bytes, std::size_t count) {
+    constexpr std::size_t kAtOnce = 1U << 30; // putBytes counts in int
+    auto* buffer = static_cast<OutputBuffer*>(to);
+    for (; count > 0 && !buffer->failed;) {
+      const std::size_t part = count < kAtOnce ? count : kAtOnce;
+      putBytes(buffer, reinterpret_cast<const char*>(bytes), static_cast<int>(part));
+      bytes += part;
+      count -= part;
+    }
+    return !buffer->failed;
+  };
+  return target;
+}
+
 bool closeOutput(OutputBuffer* out) {
   flushOutput(out);
   const bool closed = std::fclose(out->file) == 0;

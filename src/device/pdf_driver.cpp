@@ -210,20 +210,6 @@ void newPage(PdfWriter& pdf) {
   setFill(pdf, pdf.paint.strokeR, pdf.paint.strokeG, pdf.paint.strokeB);
 }
 
-void freeTables(PdfWriter& pdf) {
-  for (int i = 0; i < pdf.bookmarkCount; ++i) std::free(pdf.bookmarks[i].text);
-  std::free(pdf.bookmarks);
-  std::free(pdf.objectOffset);
-  std::free(pdf.objectKind);
-  std::free(pdf.streamBuffer);
-  std::free(pdf.packBuffer);
-  pdf.bookmarks = nullptr;
-  pdf.bookmarkCount = 0;
-  pdf.objectOffset = nullptr;
-  pdf.objectKind = nullptr;
-  pdf.streamBuffer = pdf.packBuffer = nullptr;
-}
-
 // The sheet in whole points. Only the file's reader sees the rotation.
 void setPageSize(const PlotState* s, PdfWriter& pdf) {
   const SheetSize sheet = sheetSize(s);
@@ -240,6 +226,20 @@ void closeDocument(PdfWriter& pdf) {
 }
 
 } // namespace
+
+void pdfFreeTables(PdfWriter& pdf) {
+  for (int i = 0; i < pdf.bookmarkCount; ++i) std::free(pdf.bookmarks[i].text);
+  std::free(pdf.bookmarks);
+  std::free(pdf.objectOffset);
+  std::free(pdf.objectKind);
+  std::free(pdf.streamBuffer);
+  std::free(pdf.packBuffer);
+  pdf.bookmarks = nullptr;
+  pdf.bookmarkCount = 0;
+  pdf.objectOffset = nullptr;
+  pdf.objectKind = nullptr;
+  pdf.streamBuffer = pdf.packBuffer = nullptr;
+}
 
 PdfOpenResult pdfOpen(PlotState* s) {
   PdfWriter* pdf = new (std::nothrow) PdfWriter;
@@ -274,7 +274,7 @@ bool pdfClose(PlotState* s) {
   bool written = !pdf.tableFailed;
   if (pdf.stream && !closeOutput(pdf.stream)) written = false;
   pdf.stream = nullptr;
-  freeTables(pdf);
+  pdfFreeTables(pdf);
   return written;
 }
 
@@ -287,7 +287,7 @@ void pdfFree(PlotState* s) {
   PdfWriter* pdf = s->device.pdf;
   if (!pdf) return;
   if (pdf->stream) closeOutput(pdf->stream);
-  freeTables(*pdf);
+  pdfFreeTables(*pdf);
   std::free(pdf->memory);
   delete pdf;
   s->device.pdf = nullptr;

@@ -99,6 +99,9 @@ void pdfEndObject(PdfWriter& pdf);
 void pdfOpenContent(PdfWriter& pdf);
 void pdfCloseContent(PdfWriter& pdf);
 
+// Frees what the record holds, but for the output.
+void pdfFreeTables(PdfWriter& pdf);
+
 // The objects that end a page: its fonts and the page itself.
 void pdfWritePage(PdfWriter& pdf);
 // Page tree, outlines, catalog, information, cross-reference table and trailer.

@@ -11,6 +11,7 @@
 #include "device/pdf_driver.h"
 #include "device/plain_drivers.h"
 #include "device/postscript_driver.h"
+#include "device/raster_driver.h"
 #include "device/svg_driver.h"
 #include "device/trace.h"
 
@@ -51,9 +52,11 @@ void qqpen(PlotState* s, float x, float y, int code) {
   case DeviceFamily::kMetafile:
     if (s->device.metafile) metafilePlotPen(s, p.x, p.y, code);
     break;
+  case DeviceFamily::kRaster:
+    if (s->raster.canvas) rasterPen(s, p.x, p.y, code);
+    break;
   case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl:
-  case DeviceFamily::kRaster: break;
+  case DeviceFamily::kOpenGl: break;
   }
 }
 
@@ -132,13 +135,15 @@ void qqcolor(PlotState* s, int color) {
   case DeviceFamily::kMetafile:
     if (s->device.metafile) metafilePlotColor(s, red, green, blue);
     break;
+  case DeviceFamily::kRaster:
+    if (s->raster.canvas) rasterColor(s, color);
+    break;
   case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl:
-  case DeviceFamily::kRaster: break;
+  case DeviceFamily::kOpenGl: break;
   }
 }
 
-// No device without a table of its own has anything to do: it asks for components when a colour is set.
+// Devices without a table of their own ask for components when a colour is set.
 void sinkColorTable(PlotState* s, int first, int last) {
   if (s->device.trace) {
     const float range[] = {static_cast<float>(first), static_cast<float>(last)};
@@ -153,10 +158,12 @@ void sinkColorTable(PlotState* s, int first, int last) {
   case DeviceFamily::kCgm:
   case DeviceFamily::kMetafile:
   case DeviceFamily::kHpgl:
-  case DeviceFamily::kRaster:
   case DeviceFamily::kJava:
   case DeviceFamily::kSvg:
   case DeviceFamily::kIpe: break;
+  case DeviceFamily::kRaster:
+    if (s->raster.canvas) rasterPalette(s, first, last);
+    break;
   }
 }
 

@@ -7,11 +7,13 @@
 #include "device/device_point.h"
 #include "device/ipe_driver.h"
 #include "device/metafile_driver.h"
+#include "device/page_image.h"
 #include "device/pdf_driver.h"
 #include "device/plain_drivers.h"
 #include "device/plot_file.h"
 #include "device/ply_file.h"
 #include "device/postscript_driver.h"
+#include "device/raster_driver.h"
 #include "device/sink.h"
 #include "device/svg_driver.h"
 #include "device/trace.h"
@@ -154,6 +156,7 @@ void freeDrivers(PlotState* s) {
   if (s->device.plotOutput) closeOutput(s->device.plotOutput);
   s->device.plotOutput = nullptr;
   pdfFree(s);
+  freeRaster(s);
   plyFree(s);
   closeTrace(s);
 }
@@ -169,9 +172,9 @@ bool openDriver(PlotState* s) {
   case DeviceFamily::kPltm: return openPlain(s, pltmHeader);
   case DeviceFamily::kCgm: return openCgm(s);
   case DeviceFamily::kMetafile: return openMetafile(s);
+  case DeviceFamily::kRaster: return openRaster(s);
   case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl:
-  case DeviceFamily::kRaster: break;
+  case DeviceFamily::kOpenGl: break;
   }
   warnWithText(s, kBadDevice, "Bad output device");
   return false;
@@ -223,6 +226,7 @@ bool sinkOpen(PlotState* s) {
 void sinkClose(PlotState* s) {
   if (s->device.trace) traceWord(s, "close");
   if (plyCollects(s)) plyWrite(s, "quilla.ply", "quilla");
+  if (s->raster.imageOpen && holdsPageImages(s)) sinkCloseImage(s); // IMGFIN was forgotten
   switch (deviceFamily(s->deviceSetup.deviceNumber)) {
   case DeviceFamily::kPostScript: closePostScript(s); break;
   case DeviceFamily::kPdf: closePdf(s); break;
@@ -239,9 +243,9 @@ void sinkClose(PlotState* s) {
     closeCgm(s);
     break;
   case DeviceFamily::kMetafile: closeMetafilePlot(s); break;
+  case DeviceFamily::kRaster: closeRaster(s); break;
   case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl:
-  case DeviceFamily::kRaster: break;
+  case DeviceFamily::kOpenGl: break;
   }
   closeTrace(s);
 }
@@ -268,12 +272,14 @@ void sinkNewPage(PlotState* s) {
   case DeviceFamily::kIpe:
     if (s->device.vector) ipeNewPage(s);
     break;
+  case DeviceFamily::kRaster:
+    if (s->raster.canvas) rasterErase(s);
+    break;
   case DeviceFamily::kWindow:
   case DeviceFamily::kOpenGl:
   case DeviceFamily::kPltm:
   case DeviceFamily::kMetafile:
   case DeviceFamily::kHpgl:
-  case DeviceFamily::kRaster:
   case DeviceFamily::kJava:
   case DeviceFamily::kSvg: break;
   }
@@ -286,6 +292,9 @@ void sinkErase(PlotState* s) {
   case DeviceFamily::kJava:
     if (s->device.plotOutput) javaErase(s);
     break;
+  case DeviceFamily::kRaster:
+    if (s->raster.canvas) rasterErase(s);
+    break;
   case DeviceFamily::kPostScript:
   case DeviceFamily::kPdf:
   case DeviceFamily::kWindow:
@@ -294,7 +303,6 @@ void sinkErase(PlotState* s) {
   case DeviceFamily::kCgm:
   case DeviceFamily::kMetafile:
   case DeviceFamily::kHpgl:
-  case DeviceFamily::kRaster:
   case DeviceFamily::kSvg:
   case DeviceFamily::kIpe: break;
   }
@@ -316,10 +324,12 @@ void sinkFlush(PlotState* s) {
   case DeviceFamily::kMetafile:
     if (s->device.metafile) metafileFlush(*s->device.metafile->file);
     break;
+  case DeviceFamily::kRaster:
+    if (s->raster.canvas) flushCanvas(*s->raster.canvas);
+    break;
   case DeviceFamily::kPdf:
   case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl:
-  case DeviceFamily::kRaster: break;
+  case DeviceFamily::kOpenGl: break;
   }
 }
 

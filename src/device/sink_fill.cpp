@@ -11,6 +11,7 @@
 #include "device/plain_drivers.h"
 #include "device/polygon_clip.h"
 #include "device/postscript_driver.h"
+#include "device/raster_driver.h"
 #include "device/sink.h"
 #include "device/svg_driver.h"
 #include "device/trace.h"
@@ -79,12 +80,15 @@ bool qqfill(PlotState* s, const float* xs, const float* ys, int n) {
       if (!metafilePlotFill(s, x, y, count)) warnPlain(s, kNoMemory);
     });
     return true;
+  case DeviceFamily::kRaster:
+    if (!s->raster.canvas) break;
+    fillOnDevice(s, xs, ys, n, [s, n](const float* x, const float* y) { rasterFill(s, x, y, n); });
+    return true;
   case DeviceFamily::kWindow:
   case DeviceFamily::kOpenGl:
   case DeviceFamily::kPltm:
   case DeviceFamily::kCgm:
   case DeviceFamily::kHpgl:
-  case DeviceFamily::kRaster:
   case DeviceFamily::kJava: break;
   }
   return false;
@@ -160,9 +164,12 @@ bool qqbar(PlotState* s, float x1, float y1, float x2, float y2, int color) {
     if (!s->device.plotOutput) break;
     hatchBar(s, bar, color);
     return true;
+  case DeviceFamily::kRaster:
+    if (!s->raster.canvas) break;
+    rasterRectangle(s, a.x, a.y, b.x, b.y, color);
+    return true;
   case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl:
-  case DeviceFamily::kRaster: break;
+  case DeviceFamily::kOpenGl: break;
   }
   return false;
 }

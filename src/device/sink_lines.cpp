@@ -6,6 +6,7 @@
 #include "device/metafile_driver.h"
 #include "device/pdf_driver.h"
 #include "device/postscript_driver.h"
+#include "device/raster_driver.h"
 #include "device/sink.h"
 #include "device/svg_driver.h"
 #include "device/trace.h"
@@ -69,12 +70,15 @@ bool sendWidth(PlotState* s, float width, float sheetWidth) {
     if (!s->device.metafile) break;
     metafilePlotWidth(s, deviceRound(scaledWidth(s, width, 1.0F)));
     return s->line.hardwareLines;
+  case DeviceFamily::kRaster:
+    if (!s->raster.canvas) break;
+    rasterWidth(s, width);
+    return s->line.hardwareLines;
   case DeviceFamily::kWindow:
   case DeviceFamily::kOpenGl:
   case DeviceFamily::kPltm:
   case DeviceFamily::kCgm:
   case DeviceFamily::kHpgl:
-  case DeviceFamily::kRaster:
   case DeviceFamily::kJava: break;
   }
   return false;
@@ -102,13 +106,15 @@ void sinkLineCap(PlotState* s, int cap) {
   case DeviceFamily::kPdf:
     if (PdfWriter* pdf = pdfDocument(s)) pdfPen(*pdf, static_cast<float>(cap), 0.0F, kPdfLineCap);
     break;
+  case DeviceFamily::kRaster:
+    if (s->raster.canvas) rasterEnds(s);
+    break;
   case DeviceFamily::kWindow:
   case DeviceFamily::kOpenGl:
   case DeviceFamily::kPltm:
   case DeviceFamily::kCgm:
   case DeviceFamily::kMetafile:
   case DeviceFamily::kHpgl:
-  case DeviceFamily::kRaster:
   case DeviceFamily::kJava:
   case DeviceFamily::kSvg:
   case DeviceFamily::kIpe: break;
@@ -124,13 +130,15 @@ void sinkLineJoin(PlotState* s, int join) {
   case DeviceFamily::kPdf:
     if (PdfWriter* pdf = pdfDocument(s)) pdfPen(*pdf, static_cast<float>(join), 0.0F, kPdfLineJoin);
     break;
+  case DeviceFamily::kRaster:
+    if (s->raster.canvas) rasterEnds(s);
+    break;
   case DeviceFamily::kWindow:
   case DeviceFamily::kOpenGl:
   case DeviceFamily::kPltm:
   case DeviceFamily::kCgm:
   case DeviceFamily::kMetafile:
   case DeviceFamily::kHpgl:
-  case DeviceFamily::kRaster:
   case DeviceFamily::kJava:
   case DeviceFamily::kSvg:
   case DeviceFamily::kIpe: break;
@@ -148,13 +156,15 @@ void sinkMiterLimit(PlotState* s, float miter) {
   case DeviceFamily::kPdf:
     if (PdfWriter* pdf = pdfDocument(s)) pdfPen(*pdf, miter, 0.0F, kPdfMiterLimit);
     break;
+  case DeviceFamily::kRaster:
+    if (s->raster.canvas) rasterEnds(s);
+    break;
   case DeviceFamily::kWindow:
   case DeviceFamily::kOpenGl:
   case DeviceFamily::kPltm:
   case DeviceFamily::kCgm:
   case DeviceFamily::kMetafile:
   case DeviceFamily::kHpgl:
-  case DeviceFamily::kRaster:
   case DeviceFamily::kJava:
   case DeviceFamily::kSvg:
   case DeviceFamily::kIpe: break;
@@ -178,13 +188,18 @@ void sinkClip(PlotState* s, bool on, float x0, float y0, float x1, float y1) {
       pdfPen(*pdf, on ? 0.0F : 1.0F, 0.0F, kPdfClip);
     }
     break;
+  case DeviceFamily::kRaster:
+    if (s->raster.canvas) {
+      const DevicePoint c = devicePoint(s, x0, y0), d = devicePoint(s, x1, y1);
+      rasterClip(s, on, c.x, c.y, d.x, d.y);
+    }
+    break;
   case DeviceFamily::kWindow:
   case DeviceFamily::kOpenGl:
   case DeviceFamily::kPltm:
   case DeviceFamily::kCgm:
   case DeviceFamily::kMetafile:
   case DeviceFamily::kHpgl:
-  case DeviceFamily::kRaster:
   case DeviceFamily::kJava:
   case DeviceFamily::kSvg:
   case DeviceFamily::kIpe: break;

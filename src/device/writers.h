@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "core/plot_state.h"
+#include "raster/byte_target.h"
 
 namespace quilla {
 
@@ -24,6 +25,7 @@ void putBytes(OutputBuffer* out, const char* bytes, int count);
 void putText(OutputBuffer* out, std::string_view text);
 void flushOutput(OutputBuffer* out); // hands what is buffered to the system
 bool closeOutput(OutputBuffer* out); // frees it; false if anything could not be written
+ByteTarget bytesTo(OutputBuffer* out); // for encoders of pictures
 
 // Word writer of text formats: lines of at most 80 characters, broken at blanks. Count -1 ends the line.
 void qqtbuf(PlotState* s, const char* text, int count);

@@ -1,4 +1,4 @@
-// INCFIL: plot files drawn into the plot.
+// INCFIL: plot files and images drawn into the plot.
 #include "core/clipper.h"
 #include "core/colors.h"
 #include "core/levels.h"
@@ -6,9 +6,10 @@
 #include "core/page.h"
 #include "core/pipeline.h"
 #include "core/rectangle.h"
-#include "device/file_kind.h"
 #include "device/sink.h"
+#include "graph2d/include_image.h"
 #include "graph2d/plot_file_reader.h"
+#include "image/file_kind.h"
 #include "quilla/quilla.h"
 
 namespace quilla {
@@ -17,10 +18,6 @@ namespace {
 
 constexpr int kNegative = 1, kBadParameter = 2, kFileError = 36, kIncompatible = 40, kBadFormat = 56,
               kNotComplete = 122;
-
-struct WholeBox {
-  int x, y, width, height;
-};
 
 WholeBox targetBox(const PlotState* s) {
   const IncludeGroup& include = s->include;
@@ -36,6 +33,12 @@ void report(PlotState* s, FileReadResult result) {
   }
 }
 
+// The box does not move with the page origin.
+void drawFrame(PlotState* s, const WholeBox& box) {
+  if (s->axis.frameThickness == 0) return;
+  qqrect(s, box.x - s->page.originX, box.y - s->page.originY, box.width, box.height, s->axis.frameThickness, 0);
+}
+
 void includePlotFile(PlotState* s, const char* name, FileKind kind) {
   std::FILE* file = std::fopen(name, "rb");
   if (!file) return warnWithString(s, kFileError, name);
@@ -48,9 +51,16 @@ void includePlotFile(PlotState* s, const char* name, FileKind kind) {
   std::fclose(file);
   if (s->color.currentColor != kept) setColor(s, kept);
   report(s, result);
-  if (result == FileReadResult::kBadFormat || s->axis.frameThickness == 0) return;
-  // The box does not move with the page origin.
-  qqrect(s, box.x - s->page.originX, box.y - s->page.originY, box.width, box.height, s->axis.frameThickness, 0);
+  if (result != FileReadResult::kBadFormat) drawFrame(s, box);
+}
+
+void includeImageFile(PlotState* s, const char* name, FileKind kind) {
+  constexpr int kScaleToPage = 2;
+  if (!showsImages(s)) return warnPlain(s, kIncompatible);
+  const WholeBox box = targetBox(s);
+  const bool drawn = includeImage(s, name, kind, box);
+  // An image of the size of the page has no use for its box, but on paper.
+  if (drawn && (s->deviceSetup.includeScaling != kScaleToPage || !s->raster.canvas)) drawFrame(s, box);
 }
 
 } // namespace
@@ -96,6 +106,16 @@ void FILBOX(int nx, int ny, int nw, int nh) {
   s->include.fileBoxH = nh;
 }
 
+void FILWIN(int nx, int ny, int nw, int nh) {
+  PlotState* s = setterCheck("filwin");
+  if (!s || checkRange(s, nx < ny ? nx : ny, 0, -1) || checkRange(s, nw < nh ? nw : nh, 1, 0)) return;
+  s->include.fileWindowSet = true;
+  s->include.fileWindowX = nx;
+  s->include.fileWindowY = ny;
+  s->include.fileWindowW = nw;
+  s->include.fileWindowH = nh;
+}
+
 void FILCLR(const char* mode) {
   PlotState* s = setterCheck("filclr");
   if (!s) return;
@@ -114,7 +134,8 @@ void INCFIL(const char* name) {
   case kFileGif:
   case kFilePng:
   case kFileTiff:
-  case kFileTiffSpecial: return warnPlain(s, kIncompatible); // there is no device that takes images
+  case kFilePpm:
+  case kFileTiffSpecial: return includeImageFile(s, name, kind);
   case kFileWmf:
   case kFileHpgl:
   case kFilePostScript:

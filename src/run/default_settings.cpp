@@ -88,6 +88,7 @@ void applyDefaultSettings(PlotState* s) {
   s->legendState.handMode = false;
   resetCycle(s);
   s->include = IncludeGroup{};
+  s->image = ImageGroup{};
   forgetRecords(s);
   s->shading = ShadingGroup{};
   s->text = defaultTextGroup(s);

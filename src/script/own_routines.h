@@ -23,5 +23,7 @@ void run_openfl(const Call& call);
 void run_nothing(const Call& call);
 void run_itmcat(const Call& call);
 void run_itmncat(const Call& call);
+void run_wpixls(const Call& call);
+void run_wpxrow(const Call& call);
 
 } // namespace qsl

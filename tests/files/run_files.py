@@ -5,15 +5,17 @@ import subprocess
 import sys
 import tempfile
 
+import image_cases
 import naming_cases
 import pdf_cases
 import picture_cases
 import postscript_cases
+import raster_cases
 import text_cases
 from file_case import Failure, Workplace
 
 FAMILIES = {"naming": naming_cases, "pdf": pdf_cases, "postscript": postscript_cases, "text": text_cases,
-            "picture": picture_cases}
+            "picture": picture_cases, "image": image_cases, "raster": raster_cases}
 
 
 def run_case(program, case):

@@ -1,7 +1,7 @@
 // INCFIL reads back what PLTM and CGM plots hold, and whatever else it is given.
 #include "plot_fixture.h"
 
-#include "device/file_kind.h"
+#include "image/file_kind.h"
 
 namespace {
 
