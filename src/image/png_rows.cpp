@@ -153,12 +153,20 @@ bool indicesFit(const PngHead& head, const unsigned char* row, int count) {
 }
 
 // A pixel is written with a fourth byte, which the next one overwrites; the last is not.
+template <class IndexAt> void putColors(const PngHead& head, int count, unsigned char* rgb, IndexAt indexAt) {
+  const int last = count - 1;
+  for (int i = 0; i < last; ++i, rgb += kColorBytes) std::memcpy(rgb, head.palette[indexAt(i)], kPngPaletteEntry);
+  std::memcpy(rgb, head.palette[indexAt(last)], kColorBytes);
+}
+
 void convertPalette(const PngHead& head, const unsigned char* row, int count, unsigned char* rgb,
                     unsigned char* alpha) {
-  const int depth = head.depth, last = count - 1;
-  for (int i = 0; i < last; ++i, rgb += kColorBytes)
-    std::memcpy(rgb, head.palette[depth == 8 ? row[i] : packedSample(row, i, depth)], kPngPaletteEntry);
-  std::memcpy(rgb, head.palette[depth == 8 ? row[last] : packedSample(row, last, depth)], kColorBytes);
+  const int depth = head.depth;
+  if (depth == 8) {
+    putColors(head, count, rgb, [row](int i) { return row[i]; });
+  } else {
+    putColors(head, count, rgb, [row, depth](int i) { return packedSample(row, i, depth); });
+  }
   if (!alpha) return;
   for (int i = 0; i < count; ++i) alpha[i] = head.paletteAlpha[depth == 8 ? row[i] : packedSample(row, i, depth)];
 }

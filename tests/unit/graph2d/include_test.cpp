@@ -147,7 +147,8 @@ TEST_F(Include, MissingFile) {
 
 TEST_F(Include, ImagesNeedAnotherDevice) {
   write("a.bmp", "BM\1\2");
-  const std::string text = outputOf([&] { included("a.bmp"); });
+  open("HPGL");
+  const std::string text = outputOf([] { INCFIL("a.bmp"); });
   EXPECT_NE(text.find("Warning 40"), std::string::npos) << text;
 }
 

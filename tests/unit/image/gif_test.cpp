@@ -102,8 +102,8 @@ TEST(Gif, ScreenOrImage) {
 
 TEST(Gif, LocalColoursReplaceTheGlobalOnes) {
   Bytes file = fileOf({1, 1, 1, 1, 2, 0x80}, {});
-  file.resize(file.size() - 3);  // without code size, end of blocks and trailer
-  add(file, {9, 8, 7, 6, 5, 4}); // two colours
+  file.erase(file.end() - 3, file.end()); // without code size, end of blocks and trailer
+  add(file, {9, 8, 7, 6, 5, 4});          // two colours
   file.push_back(2);
   const Bytes codes = packed({{4, 3}, {1, 3}, {5, 3}});
   file.push_back(static_cast<unsigned char>(codes.size()));
