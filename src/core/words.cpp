@@ -43,6 +43,9 @@ int BITSI4(int n, int source, int from, int target, int to) {
       copiedBits(n, static_cast<std::uint32_t>(source), from, static_cast<std::uint32_t>(target), to));
 }
 
+// Each caller owns its memory: there is nothing to free.
+void FREEPTR(void) {}
+
 void UPSTR(char* text) {
   for (; text && *text; text++)
     if (*text >= 'a' && *text <= 'z') *text = static_cast<char>(*text - 'a' + 'A');

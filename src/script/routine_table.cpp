@@ -152,7 +152,7 @@ constexpr RoutineRow kRoutines[kRoutineCount] = {
     bound<"FIXSPC", "X", FIXSPC>(),
     absent("FLAB3D", ""),
     bound<"FRAME", "I", FRAME>(),
-    own("FREEPTR", "", run_nothing),
+    bound<"FREEPTR", "", FREEPTR>(),
     absent("FRMBAR", "I"),
     bound<"FRMCLR", "I", FRMCLR>(),
     bound<"FRMESS", "I", FRMESS>(),
