@@ -21,6 +21,18 @@ cc -std=c11 -Wall -Wextra -Wstrict-prototypes -pedantic -Werror "$place/host.c" 
 c++ -std=c++20 -Wall -Wextra -pedantic -Werror "$place/host.cpp" $(pkg-config --static --cflags --libs quilla) -o "$place/host"
 "$place/host"
 
+# Every routine of the header is in the library.
+{
+  echo '#include <quilla/quilla.h>'
+  echo 'typedef void (*routine)(void);'
+  echo 'routine all[] = {'
+  sed 's|/\*.*\*/||' "$place/usr/include/quilla/quilla.h" | grep -oE '^[a-z][a-zA-Z *]*[ *][A-Z][A-Z0-9]+\(' | grep -oE '[A-Z][A-Z0-9]+\(' | sed 's|(|, |; s|^|(routine)|'
+  echo '}; int main(void) { return sizeof all / sizeof all[0] > 300 ? 0 : 1; }'
+} > "$place/all.c"
+# shellcheck disable=SC2046
+cc -std=c11 "$place/all.c" $(pkg-config --static --cflags --libs quilla) -o "$place/all"
+"$place/all"
+
 # The examples, by pkg-config and by the CMake package.
 mkdir "$place/plot"
 # shellcheck disable=SC2046

@@ -465,6 +465,17 @@ void PIELAB(const char* text, const char* key); /* setter: up to 20 characters, 
 void PIECBK(void (*routine)(int segment, float value, float percent, int* pattern, int* color, float* exploded,
                             int* labelMode, int* labelPlace, int* labelJustify, int* labelColor));
 
+/* ---- Quick plots: a whole graph in one call; the plot is opened if there is none, and stays open ---------------- */
+
+void QPLOT(const float* x, const float* y, int n);  /* any: a curve */
+void QPLSCA(const float* x, const float* y, int n); /* any: symbols */
+void QPLCRV(const float* x, const float* y, int n,
+            const char* place);     /* any: curves in one graph: "FIRS", "NEXT", "LAST" */
+void QPLBAR(const float* y, int n); /* any: bars at 1 to n */
+void QPLPIE(const float* x, int n); /* any: a pie */
+/* any: scaling of "X" or "Y" in later calls; "RESE": by the data again; default by the data */
+void QPLSCL(float a, float e, float first, float step, const char* axis);
+
 /* ---- Legends --------------------------------------------------------------------------------------------------- */
 
 /* The text buffer belongs to the caller: lines * length characters. All but LEGTYP and MIXLEG need LEGINI first. */
@@ -528,6 +539,8 @@ void SWAPI4(int* values, int n);
  * left out */
 short BITSI2(int n, short source, int from, short target, int to);
 int BITSI4(int n, int source, int from, int target, int to);
+/* any: nx * ny values 0 or 255 without order, always the same, as ground of line integral convolution */
+void TXTURE(int* values, int nx, int ny);
 void FREEPTR(void);                /* any: nothing; memory belongs to its arrays */
 void UPSTR(char* text);            /* any: letters a to z become capitals */
 int INTLEN(int value);             /* any: characters of an integer */

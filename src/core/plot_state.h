@@ -18,6 +18,7 @@
 #include "graph2d/curve_group.h"
 #include "graph2d/legend_group.h"
 #include "graph2d/pie_group.h"
+#include "run/quick_group.h"
 #include "text/text_group.h"
 #include "widget/widget_group.h"
 
@@ -37,6 +38,7 @@ struct PlotState {
   DateSetup dateSetup;
   WidgetSetup widgetSetup;
   UserFiles userFiles;
+  QuickSetup quickSetup;
 
   // Run lifetime: set by the default settings of QUIINI and by RESET("ALL").
   MessageGroup message;
