@@ -20,45 +20,48 @@ enum { QUILLA_TEXT_SIZE = 256 };
 
 /* ---- A plot from begin to end ---------------------------------------------------------------------------------- */
 
-void QUIINI(void);            /* level 0: opens the plot and enters level 1 */
-void QUIFIN(void);            /* 1..3: finishes the plot, prints the protocol, back to level 0 */
-void RESET(const char* name); /* a group of settings, by the name of its routine, back to its default; "ALL" all */
-int GETLEV(void);             /* level 0..3 */
-double GETVER(void);          /* version of the library, 11.5 */
-int GETPLV(void);             /* its patch level, 2 */
-void THRINI(int n);           /* before all else: plots in up to n threads, each with its own state */
-void THRFIN(void);            /* ends the use of threads and frees their states */
+void QUIINI(void); /* 0: opens the plot and enters level 1 */
+void QUIFIN(void); /* 1..3: finishes the plot, prints the protocol, back to level 0 */
+void RESET(
+    const char* name); /* setter: a group of settings, by the name of its routine, back to its default; "ALL" all */
+int GETLEV(void);      /* any: level 0..3 */
+double GETVER(void);   /* any: version of the library, 11.5 */
+int GETPLV(void);      /* any: its patch level, 2 */
+void THRINI(int n);    /* before all else: plots in up to n threads, each with its own state */
+void THRFIN(void);     /* ends the use of threads and frees their states */
 
 /* ---- Device and plot file -------------------------------------------------------------------------------------- */
 
-void METAFL(const char* format);                  /* 0: output format by its keyword: "PDF", "POST", "PS", "EPS", ... */
-void SETFIL(const char* name);                    /* 0: name of the plot file */
-void FILMOD(const char* mode);                    /* any: existing files: "COUN", "DELE", "BREA", "VERS" */
-void FILOPT(const char* value, const char* key);  /* any: key "SEPA", "NUMB", "DIGI" or "SCAL" */
-void SCRMOD(const char* mode);                    /* 0: "ERAS", "NOER", "REVE", "NORE", "AUTO" */
-void BUFMOD(const char* value, const char* key);  /* setter: "ON" or "OFF" for the key "SEND" */
+void METAFL(const char* format); /* 0: output format by its keyword: "PDF", "POST", "PS", "EPS", ...; default "PLTM" */
+void SETFIL(const char* name);   /* 0: name of the plot file */
+void FILMOD(const char* mode);   /* any: existing files: "COUN", "DELE", "BREA", "VERS"; default "COUN" */
+void FILOPT(const char* value,
+            const char* key);  /* any: key "SEPA", "NUMB", "DIGI" or "SCAL"; default "UNDE", "SHOR", 4, "OFF" */
+void SCRMOD(const char* mode); /* 0: "ERAS", "NOER", "REVE", "NORE", "AUTO"; default "AUTO" */
+void BUFMOD(const char* value, const char* key);  /* setter: "ON" or "OFF" for the key "SEND"; default "OFF" */
 void SENDBF(void);                                /* any: sends what is buffered to the device */
 void PSMODE(const char* mode);                    /* "NONE", "GREE", "ITAL", "BOTH" any level; "MULT", "SING" level 0 */
 void PSMETA(const char* text, const char* key);   /* 0: comment of PostScript files, key "INFO" */
-void PDFMOD(const char* value, const char* key);  /* 0: "ON" or "OFF" for "COMP" (compression) or "BUFF" */
+void PDFMOD(const char* value, const char* key);  /* 0: "ON" or "OFF" for "COMP" (compression) or "BUFF"; default "ON"
+                                                     for "COMP", "OFF" for "BUFF" */
 int PDFBUF(unsigned char* bytes, int size);       /* 0: the finished file of buffer mode; size 0: its length */
 void PDFMRK(const char* text, const char* level); /* 1..3: bookmark "CHAP", "SECT", "SUBS", "PARA", "SUBP" */
-void HPGMOD(const char* mode, const char* key);   /* 0: "STAN", "ARIS" for the key "PLOT" */
-void WMFMOD(const char* mode, const char* key);   /* 0: "STAN", "PLAC" for the key "FORM" */
-void CGMVER(int version);                         /* 0: 1 or 4, the version that a CGM file tells */
+void HPGMOD(const char* mode, const char* key);   /* 0: "STAN", "ARIS" for the key "PLOT"; default "STAN" */
+void WMFMOD(const char* mode, const char* key);   /* 0: "STAN", "PLAC" for the key "FORM"; default "STAN" */
+void CGMVER(int version);                         /* 0: 1 or 4, the version that a CGM file tells; default 1 */
 void CGMPIC(const char* name);                    /* any: name of the next picture of a CGM file */
-void CGMBGD(float r, float g, float b);           /* any: background of CGM pictures, components 0..1 */
-const char* GETFIL(void);                         /* 1..3: name of the plot file */
-const char* GETMFL(void);                         /* 1..3: keyword of the output format */
-const char* GETDSP(void);                         /* any: kind of the display: "XWIN", "WIND" or "NONE" */
+void CGMBGD(float r, float g, float b); /* any: background of CGM pictures, components 0..1; default 1, 1, 1 */
+const char* GETFIL(void);               /* 1..3: name of the plot file */
+const char* GETMFL(void);               /* 1..3: keyword of the output format */
+const char* GETDSP(void);               /* any: kind of the display: "XWIN", "WIND" or "NONE" */
 
 /* ---- Other files ----------------------------------------------------------------------------------------------- */
 
-void INCFIL(const char* name);                     /* 1..3: draws a PLTM, CGM or image file into the plot */
-void FILBOX(int nx, int ny, int nw, int nh);       /* setter: where INCFIL draws, upper left corner and size */
-void FILWIN(int nx, int ny, int nw, int nh);       /* setter: part of an image that INCFIL shows on a raster, pixels */
-void FILCLR(const char* mode);                     /* setter: "ALL", "NONE" of the colours of an included file */
-void PLYINI(const char* mode);                     /* setter: "STAN", collects solids for a PLY file */
+void INCFIL(const char* name);               /* 1..3: draws a PLTM, CGM or image file into the plot */
+void FILBOX(int nx, int ny, int nw, int nh); /* setter: where INCFIL draws, upper left corner and size */
+void FILWIN(int nx, int ny, int nw, int nh); /* setter: part of an image that INCFIL shows on a raster, pixels */
+void FILCLR(const char* mode); /* setter: "ALL", "NONE" of the colours of an included file; default "ALL" */
+void PLYINI(const char* mode); /* setter: "STAN", collects solids for a PLY file */
 void PLYFIN(const char* name, const char* object); /* 1..3: writes the PLY file */
 
 /* ---- Pictures of pixels ---------------------------------------------------------------------------------------- */
@@ -114,28 +117,29 @@ void GRFIMG(const char* name); /* 1..3: an image on the plane of GRFINI; warning
 
 /* ---- Messages -------------------------------------------------------------------------------------------------- */
 
-void ERRDEV(const char* device);                     /* 0: "CONS", "FILE", "APPE" */
-void ERRFIL(const char* name);                       /* 0: name of the error file */
-void ERRMOD(const char* key, const char* mode);      /* setter: "WARN", "CHEC", "PROT", "ALL"; "ON", "OFF", "FILE" */
-void NOCHEK(void);                                   /* setter: no reports of points out of scale */
-void UNIT(FILE* stream);                             /* setter: stream of all messages; null: none at all */
-FILE* GETUNI(void);                                  /* 1..3: stream of messages; null: none */
+void ERRDEV(const char* device); /* 0: "CONS", "FILE", "APPE"; default "CONS" */
+void ERRFIL(const char* name);   /* 0: name of the error file; default "quilla.err" */
+void ERRMOD(const char* key,
+            const char* mode); /* setter: "WARN", "CHEC", "PROT", "ALL"; "ON", "OFF", "FILE"; default "ON" */
+void NOCHEK(void);             /* setter: no reports of points out of scale */
+void UNIT(FILE* stream);       /* setter: stream of all messages; null: none at all */
+FILE* GETUNI(void);            /* 1..3: stream of messages; null: none */
 void SYMFIL(const char* device, const char* status); /* 0, after QUIFIN: prints the file; "KEEP" or "DELE" */
 void WINAPP(const char* mode);                       /* 0: "CONS", "WIND": the protocol in a message box */
 
 /* ---- Page ------------------------------------------------------------------------------------------------------ */
 
-void SETPAG(const char* format); /* 0: "DA4L", "DA4P", "USAL", ... */
-void PAGE(int nx, int ny);       /* 0: page size in units, each at least 1 */
-void UNITS(const char* unit);    /* 0: "CM", "INCH", "POIN", "TWIP" */
-void SCLFAC(float factor);       /* 0: scale of the whole plot, above 0 */
-void SCLMOD(const char* mode);   /* 0: "DOWN", "FULL", "NONE": fitting the page to the device */
-void PAGMOD(const char* mode);   /* 0: "LAND", "PORT", "NONE", "COMI", "MOVI" */
+void SETPAG(const char* format); /* 0: "DA4L", "DA4P", "USAL", ...; default "DA4L" */
+void PAGE(int nx, int ny);       /* 0: page size in units, each at least 1; default 2970, 2100 */
+void UNITS(const char* unit);    /* 0: "CM", "INCH", "POIN", "TWIP"; default "CM" */
+void SCLFAC(float factor);       /* 0: scale of the whole plot, above 0; default 1 */
+void SCLMOD(const char* mode);   /* 0: "DOWN", "FULL", "NONE": fitting the page to the device; default "DOWN" */
+void PAGMOD(const char* mode);   /* 0: "LAND", "PORT", "NONE", "COMI", "MOVI"; default "LAND" */
 void HWORIG(int nx, int ny);     /* 0: origin on the sheet */
 void HWPAGE(int nw, int nh);     /* 0: size of the sheet */
-void HWSCAL(float factor);       /* 0: scale on the sheet, above 0 */
-void PAGORG(const char* corner); /* 1..3: "TOP", "BOTT" */
-void ORIGIN(int nx, int ny);     /* 1: shift of the plot origin */
+void HWSCAL(float factor);       /* 0: scale on the sheet, above 0; default 1 */
+void PAGORG(const char* corner); /* 1..3: "TOP", "BOTT"; default "TOP" */
+void ORIGIN(int nx, int ny);     /* 1: shift of the plot origin; default 0, 0 */
 void PAGERA(void);               /* 1..3: border of the page */
 void PAGFLL(int color);          /* 1..3: fills the page */
 void NEWPAG(void);               /* 1: next page */
@@ -157,7 +161,7 @@ void TRFRES(void); /* setter: ends it */
 
 /* ---- Lines ----------------------------------------------------------------------------------------------------- */
 
-void LINE(int nx1, int ny1, int nx2, int ny2); /* 1..3 */
+void LINE(int nx1, int ny1, int nx2, int ny2); /* 1..3: from one point to another */
 void XMOVE(float x, float y);                  /* 1..3: undashed move */
 void XDRAW(float x, float y);                  /* 1..3: undashed draw */
 void STRTPT(float x, float y);                 /* 1..3: move to a point, for lines in the current line type */
@@ -170,29 +174,29 @@ void CHNDOT(void);
 void DASHM(void);
 void DOTL(void);
 void DASHL(void);
-void LINTYP(int type);                  /* 1..3: 0..7, in the order of the routines above */
+void LINTYP(int type);                  /* 1..3: 0..7, in the order of the routines above; default 0 */
 void MYLINE(const int* lengths, int n); /* setter: own pattern, drawn, gap, ..., n 1..10 */
 void LINCLR(const int* colors, int n);  /* setter: colours along the pattern, n 0..30 */
 void HWMODE(const char* mode,
-            const char* key);                /* setter: "ON", "OFF"; "LINE", "SHAD": widths and fills of the device */
-void LINWID(int width);                      /* 1..3: 1..32000 */
-void PENWID(float width);                    /* 1..3: above 0, up to 32000 */
-void LNCAP(const char* cap);                 /* 1..3: "CUT", "ROUN", "LONG" */
-void LNJOIN(const char* join);               /* 1..3: "SHAR", "ROUN", "TRUN" */
-void LNMLT(float limit);                     /* 1..3: miter limit, at least 1 */
-void CLPWIN(int nx, int ny, int nw, int nh); /* 1..3: clip window, upper left corner and size */
-void CLPBOR(const char* border);             /* 2, 3: "PAGE", "AXIS" */
-void CLPMOD(const char* mode);               /* setter: "AUTO", "NONE", "CIRC", "RECT" */
-void NOCLIP(void);                           /* setter */
-void GETCLP(int* nx, int* ny, int* nw, int* nh); /* 1..3 */
+            const char* key);  /* setter: "ON", "OFF"; "LINE", "SHAD": widths and fills of the device; default "ON" */
+void LINWID(int width);        /* 1..3: 1..32000; default 1 */
+void PENWID(float width);      /* 1..3: above 0, up to 32000; default 1 */
+void LNCAP(const char* cap);   /* 1..3: "CUT", "ROUN", "LONG"; default "LONG" */
+void LNJOIN(const char* join); /* 1..3: "SHAR", "ROUN", "TRUN"; default "TRUN" */
+void LNMLT(float limit);       /* 1..3: miter limit, at least 1; default 2 */
+void CLPWIN(int nx, int ny, int nw, int nh);     /* 1..3: clip window, upper left corner and size */
+void CLPBOR(const char* border);                 /* 2, 3: "PAGE", "AXIS"; default "PAGE" */
+void CLPMOD(const char* mode);                   /* setter: "AUTO", "NONE", "CIRC", "RECT"; default "AUTO" */
+void NOCLIP(void);                               /* setter: curves are not clipped at the axis system */
+void GETCLP(int* nx, int* ny, int* nw, int* nh); /* 1..3: clip window */
 int GETLIN(void);                                /* 1..3: line width */
 int GETTYP(void);                                /* 1..3: line type */
 
 /* ---- Shading patterns ------------------------------------------------------------------------------------------ */
 
-void SHDPAT(int pattern);                                /* setter: number 0..17 or a code; 0 none, 16 solid */
+void SHDPAT(int pattern); /* setter: number 0..17 or a code; 0 none, 16 solid; default 0 */
 void MYPAT(int angle, int type, int density, int cross); /* setter: 0..179, 0..7, 0..9, 0..1 */
-void SHDFAC(float factor);                               /* setter: factor of the distances of hatch lines */
+void SHDFAC(float factor);                               /* setter: factor of the distances of hatch lines; default 1 */
 int GETPAT(void);                                        /* 1..3: number or code */
 
 /* ---- Colours --------------------------------------------------------------------------------------------------- */
@@ -203,19 +207,19 @@ void SETRGB(float r, float g, float b);           /* 1..3: components 0..1 */
 int INTRGB(float r, float g, float b);            /* 1..3: direct colour value */
 int INDRGB(float r, float g, float b);            /* 1..3: nearest table entry, -1 after a warning */
 void SETIND(int i, float r, float g, float b);    /* 1..3: table entry 0..255 */
-void GETIND(int i, float* r, float* g, float* b); /* 1..3 */
+void GETIND(int i, float* r, float* g, float* b); /* 1..3: components of a table entry */
 void GETRGB(float* r, float* g, float* b);        /* 1..3: of the current colour */
 int GETCLR(void);                                 /* 1..3: current colour value */
 const char* GETVLT(void);                         /* 1..3: name of the table */
-void SETVLT(const char* table);                   /* 1..3: "RAIN", "SPEC", "GREY", "SMAL", ... */
+void SETVLT(const char* table);                   /* 1..3: "RAIN", "SPEC", "GREY", "SMAL", ...; default "RAIN" */
 void MYVLT(const float* r, const float* g, const float* b, int n);    /* any: own table, n 1..256 */
 void HSVRGB(float h, float s, float v, float* r, float* g, float* b); /* any: h 0..360, s, v 0..1 */
-void RGBHSV(float r, float g, float b, float* h, float* s, float* v); /* any */
+void RGBHSV(float r, float g, float b, float* h, float* s, float* v); /* any: components 0..1 to h 0..360, s, v 0..1 */
 void REVSCR(void);                               /* 1..3: swaps foreground and background of the table */
 void VLTFIL(const char* file, const char* mode); /* 1..3: "SAVE", "LOAD": the table as a file of text */
-void CLRMOD(const char* mode);                   /* 0: "NONE", "FULL", "CONT" */
+void CLRMOD(const char* mode);                   /* 0: "NONE", "FULL", "CONT"; default "NONE" */
 void GETRAN(int* low, int* high);                /* 1..3: range of shading colours */
-void COLRAN(int low, int high);                  /* setter: range of shading colours */
+void COLRAN(int low, int high);                  /* setter: range of shading colours; default 1, 254 */
 
 /* ---- Shields: regions that lines do not enter ------------------------------------------------------------------ */
 
@@ -245,7 +249,7 @@ void POINT(int nx, int ny, int nb, int nh, int color);  /* 1..3: the same around
 /* 1..3: arrow; code wxyz: w 0 open, 1 outlined, 2 filled head; x half its width in tenths of its length, 0 as 3; y its
  * length in 10 plot units, 0 a quarter of the line; z 0 no head, 1 at the end, 2 at both ends */
 void VECTOR(int nx1, int ny1, int nx2, int ny2, int code);
-void CIRCLE(int nx, int ny, int radius);                   /* 1..3 */
+void CIRCLE(int nx, int ny, int radius);                   /* 1..3: middle and radius */
 void ELLIPS(int nx, int ny, int na, int nb);               /* 1..3: half axes na and nb */
 void RNDREC(int nx, int ny, int nw, int nh, int rounding); /* 1..3: RECTAN with round corners: 0 none, 9 half circles */
 /* 1..3: part of a circle between two angles in degrees, anticlockwise; the second is taken behind the first */
@@ -256,7 +260,7 @@ void SECTOR(int nx, int ny, int nr1, int nr2, float from, float to, int color);
 void ARCELL(int nx, int ny, int na, int nb, float from, float to, float turn);
 void RLREC(float x, float y, float width, float height);               /* 2, 3: the same in user coordinates */
 void RLCIRC(float x, float y, float radius);                           /* 2, 3: radius in units of the X axis */
-void RLELL(float x, float y, float a, float b);                        /* 2, 3 */
+void RLELL(float x, float y, float a, float b);                        /* 2, 3: ELLIPS in user coordinates */
 void RLRND(float x, float y, float width, float height, int rounding); /* 2, 3 */
 void RLPOIN(float x, float y, int nb, int nh, int color);              /* 2, 3: POINT at user coordinates */
 void RLVEC(float x1, float y1, float x2, float y2, int code);          /* 2, 3: VECTOR between user coordinates */
@@ -290,35 +294,40 @@ void QUIENV(const char* directory);                   /* any: directory of fonts
 void MESSAG(const char* text, int nx, int ny);        /* 1..3: upper left corner; (999, 999) continues */
 void NUMBER(float value, int digits, int nx, int ny); /* 1..3: digits -1..100 */
 int NLMESS(const char* text);                         /* 1..3: length in plot units */
-int NLNUMB(float value, int digits);                  /* 1..3 */
-void HEIGHT(int height);                              /* 1..3: 1..10000 */
-void ANGLE(int degrees);                              /* setter */
-void TXTJUS(const char* justification);               /* setter: "LEFT", "CENT", "RIGH", "TOP", "MIDD", "BOTT" */
-void FIXSPC(float factor);                            /* setter: fixed spacing, above 0 */
-void CHASPC(float spacing);                           /* setter: added to the gap, as a fraction of the height */
-void CHAWTH(float factor);                            /* setter: above 0, below 2 */
-void CHAANG(float degrees);                           /* setter: slant, -60..60 */
-void BASALF(const char* alphabet);                    /* setter: "STAN", "GREE", "MATH", "ITAL", "SCRI", "RUSS" */
+int NLNUMB(float value, int digits);                  /* 1..3: the same for a number */
+void HEIGHT(int height);                              /* 1..3: character height, 1..10000; default 36 */
+void ANGLE(int degrees);                              /* setter: text angle in degrees, anticlockwise; default 0 */
+void TXTJUS(const char* justification); /* setter: "LEFT", "CENT", "RIGH", "TOP", "MIDD", "BOTT"; default "LEFT" */
+void FIXSPC(float factor);              /* setter: fixed spacing, above 0; default off */
+void CHASPC(float spacing);             /* setter: added to the gap, as a fraction of the height; default 0 */
+void CHAWTH(float factor);              /* setter: above 0, below 2; default 1 */
+void CHAANG(float degrees);             /* setter: slant, -60..60; default 0 */
+void BASALF(const char* alphabet);      /* setter: "STAN", "GREE", "MATH", "ITAL", "SCRI", "RUSS"; default "STAN" */
 void SMXALF(const char* alphabet, const char* in, const char* out, int index); /* setter: alphabet shift 1..6 */
-void MIXALF(void);                                   /* setter: exponents and indices in texts */
-void NEWMIX(void);                                   /* setter: control characters "^", "_", "%" */
-void SETMIX(const char* character, const char* key); /* setter: "EXP", "IND", "RES", "LEG", "TEX" */
-void SETEXP(float size);                             /* setter: size of exponents and indices, as a factor */
-void SETBAS(float shift);                            /* setter: shift of exponents, fraction of the height */
+void MIXALF(void); /* setter: exponents and indices in texts */
+void NEWMIX(void); /* setter: control characters "^", "_", "%" */
+void SETMIX(const char* character,
+            const char* key); /* setter: "EXP", "IND", "RES", "LEG", "TEX"; default "[", "]", "$", "/", "\" */
+void SETEXP(float size);      /* setter: size of exponents and indices, as a factor; default 0.6 */
+void SETBAS(float shift);     /* setter: shift of exponents, fraction of the height; default 0.75 */
 void EUSHFT(const char* set, const char* character); /* setter: shift character of accented letters */
-void CHACOD(const char* coding); /* setter: "STAN", "ISO1", "ISO2", "ISO3", "ISO5", "KOI8", "UTF8", "ISO7" */
+void CHACOD(
+    const char* coding); /* setter: "STAN", "ISO1", "ISO2", "ISO3", "ISO5", "KOI8", "UTF8", "ISO7"; default "STAN" */
 int UTFINT(const char* text, int* codes,
            int size); /* any: codes of a UTF-8 text; their count, below 0 after a warning */
 /* any: UTF-8 text of codes, at most size bytes, an end mark if there is room; its length, below 0 after a warning */
 int INTUTF(const int* codes, int count, char* text, int size);
-void TEXMOD(const char* mode); /* setter: "OFF", "ON": texts are formulas */
-void TEXOPT(const char* value,
-            const char* option);          /* setter: "ON" or "OFF" for "LIMI", "ITAL"; "STAN", "VECT" for "BRAC" */
-void TEXVAL(float x, const char* option); /* setter: "EXP", "H1BR", "H2BR", "VBRA", "OPER", "WBRA": factors */
-void FRMESS(int thickness);               /* setter: frame around texts */
-void TXTBGD(int color);                   /* setter: background of texts, -1 none */
-void NUMFMT(const char* format);          /* setter: "FLOA", "EXP", "FEXP", "LOG", "XEXP" */
-void NUMODE(const char* decimal, const char* group, const char* plus, const char* fixed); /* 1..3 */
+void TEXMOD(const char* mode);                      /* setter: "OFF", "ON": texts are formulas; default "OFF" */
+void TEXOPT(const char* value, const char* option); /* setter: "ON" or "OFF" for "LIMI", "ITAL"; "STAN", "VECT" for
+                                                       "BRAC"; default "OFF", "OFF", "STAN" */
+void TEXVAL(float x,
+            const char* option); /* setter: "EXP", "H1BR", "H2BR", "VBRA", "OPER", "WBRA": factors; default 1 */
+void FRMESS(int thickness);      /* setter: frame around texts; default 0 */
+void TXTBGD(int color);          /* setter: background of texts, -1 none; default -1 */
+void NUMFMT(const char* format); /* setter: "FLOA", "EXP", "FEXP", "LOG", "XEXP"; default "FLOA" */
+void NUMODE(const char* decimal, const char* group, const char* plus,
+            const char* fixed); /* 1..3: "POIN", "COMM"; "NONE", "SPAC", "POIN", "COMM"; "NONE", "SPAC", "PLUS"; "NOEQ",
+                                   "EQUA"; default "POIN", "NONE", "NONE", "NOEQ" */
 const char* GETMIX(const char* key); /* 1..3: control character of SETMIX */
 const char* GETSHF(const char* set); /* 1..3: shift character of EUSHFT, "" for none */
 /* 1..3: index 1..6 and characters of the first shift of SMXALF into an alphabet, 0 for none */
@@ -332,30 +341,31 @@ const char* GETALF(void); /* 1..3: base alphabet */
 void GRAF(float xa, float xe, float xor_, float xstp, float ya, float ye, float yor, float ystp); /* 1 */
 void POLAR(float xe, float xorg, float xstp, float yorg, float ystp); /* 1: radius 0..xe, angles in degrees */
 void GRAFP(float xe, float xorg, float xstp, float yorg, float ystp); /* 1: the same */
-void POLMOD(const char* start, const char* direction); /* setter: angle 0 "RIGHT", "TOP", ...; "ANTI", "CLOCK" */
-void GRDPOL(int nx, int ny);                           /* 2, 3: circles and rays per label step of a polar system */
+void POLMOD(const char* start,
+            const char* direction); /* setter: angle 0 "RIGHT", "TOP", ...; "ANTI", "CLOCK"; default "RIGH", "ANTI" */
+void GRDPOL(int nx, int ny);        /* 2, 3: circles and rays per label step of a polar system */
 void GRAFR(const float* re, int n, const float* im, int m); /* 1: chart of impedances with circles at re and im */
 void GRIDRE(float re, float im1, float im2, int n);         /* 2, 3: part of a circle of constant real part, n chords */
 void GRIDIM(float im, float re1, float re2, int n);         /* 2, 3: part of a circle of constant imaginary part */
 void GETRCO(float re, float im, float* r, float* i);        /* 1..3: reflection coefficient of an impedance */
 void GETICO(float r, float i, float* re, float* im);        /* 1..3: impedance of a reflection coefficient */
-void ENDGRF(void);                                          /* 1..3 */
+void ENDGRF(void);                                          /* 1..3: ends the axis system, back to level 1 */
 void AXSLEN(int nx, int ny);                                /* 1: lengths, at least 2 */
 void AX3LEN(int nx, int ny, int nz); /* 1: lengths of X and Y axis and of the third axis or colour bar, 2 or more */
 void AXSPOS(int nx, int ny);         /* 1: lower left corner */
 void AXSORG(int nx, int ny);         /* 1: crossing of the axes */
-void AXSTYP(const char* type);       /* 1: "RECT", "CROS", "IMPE", "ADMI" */
-void AXSSCL(const char* scale, const char* axes);     /* setter: "LIN", "LOG" */
-void SCALE(const char* scale, const char* axes);      /* setter: the same */
+void AXSTYP(const char* type);       /* 1: "RECT", "CROS", "IMPE", "ADMI"; default "RECT" */
+void AXSSCL(const char* scale, const char* axes);     /* setter: scaling "LIN", "LOG" of axes; default "LIN" */
+void SCALE(const char* scale, const char* axes);      /* setter: the same as AXSSCL; default "LIN" */
 void SETSCL(const float* x, int n, const char* axis); /* 1: automatic scaling from an array */
 void SETGRF(const char* bottom, const char* left, const char* top, const char* right); /* 1: "NONE" ... "NAME" */
-void NOGRAF(void);                                                                     /* setter */
-void AX2GRF(void);                                                                     /* setter */
-void CENTER(void);                                                                     /* setter */
-void GRACE(int margin);                                                                /* setter */
-void FRAME(int thickness);                                                             /* setter */
-void FRMCLR(int color);                                                                /* setter */
-void AXSBGD(int color);                                                                /* setter */
+void NOGRAF(void);                                                                     /* setter: GRAF draws nothing */
+void AX2GRF(void);         /* setter: GRAF draws the lower X and the left Y axis only */
+void CENTER(void);         /* setter: centres the axis system on the page */
+void GRACE(int margin);    /* setter: margin of the clip of curves around the axis system; default 0 */
+void FRAME(int thickness); /* setter: thickness of frames around axis systems, legends and shields; default 1 */
+void FRMCLR(int color);    /* setter: colour of that frame, -1 current; default -1 */
+void AXSBGD(int color);    /* setter: colour behind the axis system, -1 none; default -1 */
 void GRID(int nx, int ny); /* 2, 3: grid lines per label step */
 void CROSS(void);          /* 2, 3: axes through the origin */
 void XCROSS(void);
@@ -363,8 +373,9 @@ void YCROSS(void);
 void AXGIT(void); /* 2, 3: lines through the origin */
 void XAXGIT(void);
 void YAXGIT(void);
-void GETGRF(float* a, float* e, float* first, float* step, const char* axis); /* 2, 3 */
-void GETSCL(int* nx, int* ny, int* nz);                                       /* 1..3: 1 for logarithmic axes */
+void GETGRF(float* a, float* e, float* first, float* step,
+            const char* axis);          /* 2, 3: start, end, first label and step of an axis */
+void GETSCL(int* nx, int* ny, int* nz); /* 1..3: 1 for logarithmic axes */
 void GETSCM(int* nx, int* ny, int* nz); /* 1..3: 1 for automatically scaled axes */
 void GETLEN(int* nx, int* ny, int* nz); /* 1..3: axis lengths */
 void GETPOS(int* nx, int* ny);          /* 1..3: axis position */
@@ -389,86 +400,89 @@ void YPOLAR(float a, float e, float first, float step, const char* name, int dis
 void GAXPAR(float a1, float a2, const char* option, const char* axes, float* a, float* b, float* first, float* step,
             int* digits); /* setter: what automatic scaling gives for the limits; "EXTEND": whole steps */
 
-void TICKS(int n, const char* axes);                               /* setter: ticks per label step, 0..1000 */
-void TICLEN(int major, int minor);                                 /* setter: 1..10000 */
-void TICPOS(const char* position, const char* axes);               /* setter: "LABE", "REVE", "CENT" */
-void LOGTIC(const char* mode);                                     /* setter: "AUTO", "FULL" */
-void LABELS(const char* kind, const char* axes);                   /* setter: "NONE", "FLOA", "EXP", "LOG", ... */
-void LABDIG(int digits, const char* axes);                         /* setter: -2..100 */
-void DIGITS(int digits, const char* axes);                         /* setter: the same */
-void INTAX(void);                                                  /* 1..3: integer labels on all axes */
-void LABPOS(const char* position, const char* axes);               /* setter: "TICK", "CENT", "SHIF" */
-void LABJUS(const char* mode, const char* axes);                   /* setter: "AUTO", "LEFT", "RIGH", "OUTW", "INWA" */
-void LABTYP(const char* type, const char* axes);                   /* setter: "HORI", "VERT" */
-void LABDIS(int distance, const char* axes);                       /* setter */
-void AXENDS(const char* mode, const char* axes);                   /* setter */
-void AXCLRS(int color, const char* part, const char* axes);        /* setter: "LINE", "TICK", "LABE", "NAME", "ALL" */
-void NAME(const char* name, const char* axes);                     /* setter: axis name */
-void NAMDIS(int distance, const char* axes);                       /* setter */
-void NAMJUS(const char* mode, const char* axes);                   /* setter: "CENT", "LEFT", "RIGH" */
-void HNAME(int height);                                            /* setter: 1..10000 */
-void RGTLAB(void);                                                 /* setter */
-void RVYNAM(void);                                                 /* setter */
-void MYLAB(const char* label, int n, const char* axis);            /* setter: own label 1..100 */
-void NOLINE(const char* axes);                                     /* setter: no axis line */
-void TITLIN(const char* text, int n);                              /* setter: title line 1..4; negative: underlined */
-void TITLE(void);                                                  /* 2, 3 */
-void TITJUS(const char* mode);                                     /* setter */
-void LFTTIT(void);                                                 /* setter: as TITJUS("LEFT") */
-void TITPOS(const char* mode);                                     /* setter: "ABOV", "BELO" */
-void HTITLE(int height);                                           /* setter: 1..10000 */
-void VKYTIT(int distance);                                         /* setter */
-void LINESP(float spacing);                                        /* setter */
+void TICKS(int n, const char* axes);                 /* setter: ticks per label step, 0..1000; default 2 */
+void TICLEN(int major, int minor);                   /* setter: lengths of ticks, 1..10000; default 24, 16 */
+void TICPOS(const char* position, const char* axes); /* setter: "LABE", "REVE", "CENT"; default "LABE" */
+void LOGTIC(const char* mode);                       /* setter: "AUTO", "FULL"; default "AUTO" */
+void LABELS(const char* kind, const char* axes);     /* setter: "NONE", "FLOA", "EXP", "LOG", ...; default "FLOA" */
+void LABDIG(int digits,
+            const char* axes); /* setter: digits behind the point of labels, -1 integers, -2..100; default 1 */
+void DIGITS(int digits, const char* axes);           /* setter: the same; default 1 */
+void INTAX(void);                                    /* 1..3: integer labels on all axes */
+void LABPOS(const char* position, const char* axes); /* setter: "TICK", "CENT", "SHIF"; default "TICK" */
+void LABJUS(const char* mode, const char* axes); /* setter: "AUTO", "LEFT", "RIGH", "OUTW", "INWA"; default "AUTO" */
+void LABTYP(const char* type, const char* axes); /* setter: "HORI", "VERT"; default "HORI" */
+void LABDIS(int distance, const char* axes);     /* setter: distance of labels from ticks; default 24 */
+void AXENDS(
+    const char* mode,
+    const char* axes); /* setter: end labels "NONE", "NOFI", "NOLA", "NOEN", "ENDS", "FIRS", "LAST"; default "NONE" */
+void AXCLRS(int color, const char* part, const char* axes); /* setter: "LINE", "TICK", "LABE", "NAME", "ALL" */
+void NAME(const char* name, const char* axes);              /* setter: axis name */
+void NAMDIS(int distance, const char* axes);                /* setter: distance of axis names from labels; default 30 */
+void NAMJUS(const char* mode, const char* axes);            /* setter: "CENT", "LEFT", "RIGH"; default "CENT" */
+void HNAME(int height);                                     /* setter: height of axis names, 1..10000; default 36 */
+void RGTLAB(void);                                          /* setter: labels of MYLAB end at the axis */
+void RVYNAM(void);                                          /* setter: the name of a right Y axis is turned around */
+void MYLAB(const char* label, int n, const char* axis);     /* setter: own label 1..100 */
+void NOLINE(const char* axes);                              /* setter: no axis line */
+void TITLIN(const char* text, int n);                       /* setter: title line 1..4; negative: underlined */
+void TITLE(void);                                           /* 2, 3: draws the lines of TITLIN over the axis system */
+void TITJUS(const char* mode);                              /* setter: "CENT", "LEFT", "RIGH"; default "CENT" */
+void LFTTIT(void);                                          /* setter: as TITJUS("LEFT") */
+void TITPOS(const char* mode);                              /* setter: "ABOV", "BELO"; default "ABOV" */
+void HTITLE(int height);    /* setter: height of titles, 1..10000; default that of texts */
+void VKYTIT(int distance);  /* setter: shift of the title upwards, negative: down; default 0 */
+void LINESP(float spacing); /* setter: spacing of lines of titles and legends; default 1.5 */
 void LABMOD(const char* key, const char* value, const char* axes); /* setter: dates: "YEAR", "DAY", "MONTH", ... */
-void TICMOD(const char* mode, const char* axes);     /* setter: ticks of date axes: "DAYS", "MONT", ..., "HOUR" */
-void TIMOPT(void);                                   /* setter: time labels with a colon */
-void NEGLOG(float value);                            /* setter: stands for values without a logarithm, above 0 */
-void BASDAT(int day, int month, int year);           /* any: the day from which date axes count */
-int INCDAT(int day, int month, int year);            /* any: days since the base date */
+void TICMOD(const char* mode, const char* axes); /* setter: ticks of date axes: "DAYS", "MONT", ..., "HOUR" */
+void TIMOPT(void);                               /* setter: time labels with a colon */
+void NEGLOG(float value);                  /* setter: stands for values without a logarithm, above 0; default off */
+void BASDAT(int day, int month, int year); /* any: the day from which date axes count; default none */
+int INCDAT(int day, int month, int year);  /* any: days since the base date */
 void TRFDAT(int n, int* day, int* month, int* year); /* any: the date n days after the base date */
 int NWKDAY(int day, int month, int year);            /* any: 1 Monday to 7 Sunday */
 int GETHNM(void);                                    /* 1..3: height of axis names */
-void GETDIG(int* nx, int* ny, int* nz);              /* 1..3 */
+void GETDIG(int* nx, int* ny, int* nz);              /* 1..3: digits of LABDIG */
 void GETLAB(char* x, char* y, char* z);              /* 1..3: label kinds of the axes, as LABELS takes them */
 void GETSP1(int* nx, int* ny, int* nz);              /* 1..3: distances of LABDIS */
 void GETSP2(int* nx, int* ny, int* nz);              /* 1..3: distances of NAMDIS */
-void GETTIC(int* nx, int* ny, int* nz);              /* 1..3 */
-void GETTCL(int* major, int* minor);                 /* 1..3 */
+void GETTIC(int* nx, int* ny, int* nz);              /* 1..3: ticks per label step */
+void GETTCL(int* major, int* minor);                 /* 1..3: lengths of ticks */
 
 /* ---- Curves ---------------------------------------------------------------------------------------------------- */
 
-void CURVE(const float* x, const float* y, int n); /* 2, 3 */
-void POLCRV(const char* mode);                     /* setter: "LINE", "STEP", "STEM", "STAI", ... */
+void CURVE(const float* x, const float* y, int n); /* 2, 3: connects points, or marks them (POLCRV, INCMRK) */
+void POLCRV(const char* mode);                     /* setter: "LINE", "STEP", "STEM", "STAI", ...; default "LINE" */
 /* 1..3: the points of the spline that CURVE would draw through x and y, in xray and yray, which hold as many as SPLMOD
  * told (201); nray: their number, 0 after a warning. (2 * degree + 1) * n is 1000 at most, else warning 31. */
 void SPLINE(const float* x, const float* y, int n, float* xray, float* yray, int* nray);
-void SPLMOD(int degree, int points);      /* setter: degree 2..10, points 5..30000 */
-void THKCRV(int thickness);               /* setter: 1..10000 */
-void MARKER(int symbol);                  /* setter: -1..23 */
-void HSYMBL(int height);                  /* setter: 1..10000 */
-void MRKCLR(int color);                   /* setter */
-void INCMRK(int step);                    /* setter */
-void INCCRV(int n);                       /* setter: 1..32000 */
-void CHNCRV(const char* mode);            /* setter: "NONE", "COLO", "LINE", "BOTH" */
-void LINCYC(int i, int type);             /* setter: i 1..30, type 0..7 */
-void CLRCYC(int i, int color);            /* setter: i 1..30 */
-void GAPCRV(float gap);                   /* setter */
-void GAPSIZ(float gap, const char* axes); /* setter */
-void NANCRV(const char* mode);            /* 1..3: "ON", "OFF" */
-void SYMROT(float degrees);               /* setter */
+void SPLMOD(int degree, int points); /* setter: degree 2..10, points 5..30000; default 3, 200 */
+void THKCRV(int thickness);          /* setter: thickness of curves in lines, 1..10000; default 1 */
+void MARKER(int symbol);             /* setter: symbol of curves, -1..23; default 0 */
+void HSYMBL(int height);             /* setter: height of symbols, 1..10000; default 36 */
+void MRKCLR(int color);              /* setter: colour of symbols, -1 current; default -1 */
+void INCMRK(int step);         /* setter: 0 lines, n > 0 lines and every n-th symbol, n < 0 symbols only; default 0 */
+void INCCRV(int n);            /* setter: curves that share a set of attributes, 1..32000; default 1 */
+void CHNCRV(const char* mode); /* setter: "NONE", "COLO", "LINE", "BOTH"; default "NONE" */
+void LINCYC(int i, int type);  /* setter: line type of a set of attributes; i 1..30, type 0..7 */
+void CLRCYC(int i, int color); /* setter: colour of a set of attributes; i 1..30 */
+void GAPCRV(float gap);        /* setter: distance of X values from which a curve is broken */
+void GAPSIZ(float gap, const char* axes); /* setter: the same for the axes named */
+void NANCRV(const char* mode);            /* 1..3: "ON", "OFF"; default "OFF" */
+void SYMROT(float degrees);               /* setter: symbols are turned by degrees; default 0 */
 void ERRBAR(const float* x, const float* y, const float* e1, const float* e2, int n); /* 2, 3: bars y - e1..y + e2 */
 void MYSYMB(const float* x, const float* y, int n, int symbol, int fill); /* 1..3: own symbol in the square -50..50 */
 void CHNATT(void);                                                        /* 1..3: next attributes of the cycle */
 void RESATT(void);                                                        /* 1..3: first attributes of the cycle */
 void GETSYM(int* symbol, int* height);                                    /* 1..3: of the symbols of curves */
-void SYMBOL(int symbol, int nx, int ny);                                  /* 1..3 */
+void SYMBOL(int symbol, int nx, int ny);                                  /* 1..3: a symbol 0..23, centred */
 void RLMESS(const char* text, float x, float y);                          /* 2, 3: MESSAG in user coordinates */
-void RLNUMB(float value, int digits, float x, float y);                   /* 2, 3 */
-void RLINE(float x1, float y1, float x2, float y2);                       /* 2, 3 */
-void RLSYMB(int symbol, float x, float y);                                /* 2, 3 */
+void RLNUMB(float value, int digits, float x, float y);                   /* 2, 3: NUMBER in user coordinates */
+void RLINE(float x1, float y1, float x2, float y2);                       /* 2, 3: LINE in user coordinates */
+void RLSYMB(int symbol, float x, float y);                                /* 2, 3: SYMBOL in user coordinates */
 void TRFREL(float* x, float* y, int n); /* 2, 3: plot coordinates of user values, in place */
-void RLSTRT(float x, float y);          /* 2, 3 */
-void RLCONN(float x, float y);          /* 2, 3 */
+void RLSTRT(float x, float y);          /* 2, 3: move to a point in user coordinates */
+void RLCONN(float x, float y);          /* 2, 3: draws from the last point to this one */
 
 /* ---- Bars ------------------------------------------------------------------------------------------------------ */
 
@@ -477,19 +491,22 @@ void RLCONN(float x, float y);          /* 2, 3 */
 void BARS(float* x, float* y, float* y1, int n);
 /* 2, 3: ticks or candles */
 void FBARS(const float* x, const float* open, const float* high, const float* low, const float* close, int n);
-void BARTYP(const char* type);                  /* setter: "VERT", "HORI", "3DVE", "3DHO"; of FBARS "TICK", "CAND" */
-void BARMOD(const char* mode, const char* key); /* setter: "FIXE", "VARI" for "WIDT" */
-void BARGRP(int n, float gap);                  /* setter: n 1..30 calls side by side; gap: fraction, else plot units */
-void BARWTH(float width);                       /* setter: fraction of the distance of two bars, negative: plot units */
-void BARPOS(const char* mode);                  /* setter: "NONE", "TICK", "AXIS", "BOTH" */
-void CHNBAR(const char* mode);                  /* setter: "NONE", "COLO", "PATT", "BOTH" */
-void BARCLR(int front, int side, int top);      /* setter: -1 current; FBARS: line, falling or left, rising or right */
-void BARBOR(int color);                         /* setter: -1 current */
-void BAROPT(float depth, float angle); /* setter: 3-D bars; depth in plot units, negative: the width of a bar */
+void BARTYP(const char* type); /* setter: "VERT", "HORI", "3DVE", "3DHO"; of FBARS "TICK", "CAND"; default "VERT", of
+                                  FBARS "CAND" */
+void BARMOD(const char* mode, const char* key); /* setter: "FIXE", "VARI" for "WIDT"; default "FIXE" */
+void BARGRP(int n, float gap); /* setter: n 1..30 calls side by side; gap: fraction, else plot units; default 1, 0 */
+void BARWTH(float width);      /* setter: fraction of the distance of two bars, negative: plot units; default 0.75 */
+void BARPOS(const char* mode); /* setter: "NONE", "TICK", "AXIS", "BOTH"; default "NONE" */
+void CHNBAR(const char* mode); /* setter: "NONE", "COLO", "PATT", "BOTH"; default "NONE" */
+void BARCLR(int front, int side,
+            int top);   /* setter: -1 current; FBARS: line, falling or left, rising or right; default -1, -1, -1 */
+void BARBOR(int color); /* setter: -1 current; default -1 */
+void BAROPT(float depth,
+            float angle); /* setter: 3-D bars; depth in plot units, negative: the width of a bar; default -1, 45 */
 /* Labels of bars: LABELS "NONE", "SECO", "FIRS", "MAXI", "MINI", "DELT", "POSI"; LABPOS "AUTO", "INSI", "OUTS", "LEFT",
  * "ABOV", "RIGH", "BELO", "CENT"; LABDIG; LABCLR; each with "BARS" in place of the axis string. */
 void LABCLR(int color, const char* chart); /* setter: "BARS", "PIE" */
-void PATCYC(int i, int pattern);           /* setter: i 1..30 */
+void PATCYC(int i, int pattern);           /* setter: pattern of a set of attributes; i 1..30 */
 
 /* ---- Pies ------------------------------------------------------------------------------------------------------ */
 
@@ -498,15 +515,19 @@ void PATCYC(int i, int pattern);           /* setter: i 1..30 */
  * "CENT", "LEFT", "RIGH", "OUTW", "INWA"; LABCLR; each with "PIE" in place of the axis string; LABDIG with "DAT",
  * "PER". */
 void PIEGRF(const char* buffer, int lines, const float* x, int n);
-void CHNPIE(const char* mode);           /* setter: "NONE", "COLO", "PATT", "BOTH" */
-void PIETYP(const char* type);           /* setter: "2D", "3D" */
-void PIEEXP(void);                       /* setter: all segments are moved out */
-void PIEOPT(float angle, float depth);   /* setter, 3-D: view in degrees over the plane; thickness in radiuses, 0..10 */
-void PIEROT(float angle);                /* setter: degrees, anticlockwise */
-void PIEVEC(int kind, const char* mode); /* setter: kind 0..9999; "BROK", "STRA", "NONE" */
-void PIEVAL(float value, const char* key); /* setter: "GAP" between labels, "DIST" from the pie; in character heights */
+void CHNPIE(const char* mode); /* setter: "NONE", "COLO", "PATT", "BOTH"; default "NONE" */
+void PIETYP(const char* type); /* setter: "2D", "3D"; default "2D" */
+void PIEEXP(void);             /* setter: all segments are moved out */
+void PIEOPT(
+    float angle,
+    float depth); /* setter, 3-D: view in degrees over the plane; thickness in radiuses, 0..10; default 45, 0.2 */
+void PIEROT(float angle);                /* setter: degrees, anticlockwise; default 0 */
+void PIEVEC(int kind, const char* mode); /* setter: kind 0..9999; "BROK", "STRA", "NONE"; default 2301, "BROK" */
+void PIEVAL(
+    float value,
+    const char* key); /* setter: "GAP" between labels, "DIST" from the pie; in character heights; default 1, 1 */
 void PIECLR(const int* colors, const int* sideColors, int n); /* setter: n 0..30, -1 current */
-void PIEBOR(int color);                                       /* setter: -1 current */
+void PIEBOR(int color);                                       /* setter: -1 current; default -1 */
 void PIELAB(const char* text, const char* key); /* setter: up to 20 characters, "LEFT" or "RIGH" of data */
 /* 1..3: called for each segment (from 1) with value and percentage. It may change pattern, colour, how far the segment
  * is moved out (1 the usual distance), mode, place, justification (each counted from 0 in the lists above) and colour
@@ -514,30 +535,41 @@ void PIELAB(const char* text, const char* key); /* setter: up to 20 characters, 
 void PIECBK(void (*routine)(int segment, float value, float percent, int* pattern, int* color, float* exploded,
                             int* labelMode, int* labelPlace, int* labelJustify, int* labelColor));
 
+/* ---- Quick plots: a whole graph in one call; the plot is opened if there is none, and stays open ---------------- */
+
+void QPLOT(const float* x, const float* y, int n);  /* any: a curve */
+void QPLSCA(const float* x, const float* y, int n); /* any: symbols */
+void QPLCRV(const float* x, const float* y, int n,
+            const char* place);     /* any: curves in one graph: "FIRS", "NEXT", "LAST" */
+void QPLBAR(const float* y, int n); /* any: bars at 1 to n */
+void QPLPIE(const float* x, int n); /* any: a pie */
+/* any: scaling of "X" or "Y" in later calls; "RESE": by the data again; default by the data */
+void QPLSCL(float a, float e, float first, float step, const char* axis);
+
 /* ---- Legends --------------------------------------------------------------------------------------------------- */
 
 /* The text buffer belongs to the caller: lines * length characters. All but LEGTYP and MIXLEG need LEGINI first. */
 void LEGINI(char* buffer, int lines, int length);      /* 1..3: lines 1..80, length 1..256; all settings anew */
-void LEGLIN(char* buffer, const char* text, int line); /* 1..3 */
+void LEGLIN(char* buffer, const char* text, int line); /* 1..3: text of a line from 1 */
 void LEGEND(const char* buffer, int corner);           /* 2, 3: corner 1..10, ignored after LEGPOS */
 int NXLEGN(const char* buffer);                        /* 1..3: width of the box with its frame */
 int NYLEGN(const char* buffer);                        /* 1..3: height */
-void LEGTYP(const char* type);                         /* setter, before LEGINI: "VERT", "HORI", "TABL" */
-void LEGTBL(int n, const char* direction);             /* setter: "VERT" n rows, "HORI" n columns */
-void LEGPOS(int nx, int ny);                           /* setter: upper left corner */
-void LEGTIT(const char* title);                        /* setter: "" for no title */
-void LEGVAL(float value, const char* key);             /* setter: "PATT", "MARG", "LINE", "SYMB", "HSPA", "DIST" */
-void LEGOPT(float pattern, float margin, float gap);   /* setter: in character heights */
-void LEGSEL(const int* lines, int n);                  /* setter: n 0..30 lines to draw, -1 all */
-void LEGCLR(void);                                     /* setter: texts in the colours of the curves */
-void LEGBGD(int color);                                /* setter: background, -1 none */
+void LEGTYP(const char* type);                       /* setter, before LEGINI: "VERT", "HORI", "TABL"; default "VERT" */
+void LEGTBL(int n, const char* direction);           /* setter: "VERT" n rows, "HORI" n columns; default 3 "VERT" */
+void LEGPOS(int nx, int ny);                         /* setter: upper left corner */
+void LEGTIT(const char* title);                      /* setter: "" for no title; default "Legende" */
+void LEGVAL(float value, const char* key);           /* setter: "PATT", "MARG", "LINE", "SYMB", "HSPA", "DIST" */
+void LEGOPT(float pattern, float margin, float gap); /* setter: in character heights; default 4, 0.5, 1 */
+void LEGSEL(const int* lines, int n);                /* setter: n 0..30 lines to draw, -1 all; default -1 */
+void LEGCLR(void);                                   /* setter: texts in the colours of the curves */
+void LEGBGD(int color);                              /* setter: background, -1 none; default -1 */
 /* setter: line type or -1, thickness, symbol or -1, colour or -1, pattern or -1 of a line */
 void LEGPAT(int type, int thickness, int symbol, int color, int pattern, int line);
 void MIXLEG(void); /* setter: lines break at the control character of SETMIX */
 
 /* ---- Lists of texts: the items of a list are one string, separated by '|' ---------------------------------------- */
 
-void SWGMIX(const char* character, const char* key);  /* any: another separator, key "SEP" */
+void SWGMIX(const char* character, const char* key);  /* any: another separator, key "SEP"; default "|" */
 int ITMCNT(const char* list);                         /* any: number of items, 0 of an empty list */
 const char* ITMSTR(const char* list, int n);          /* any: item n from 1, its first 255 characters */
 void ITMCAT(char* list, const char* item);            /* any: appends an item; the list has room for it */
@@ -577,6 +609,9 @@ void SWAPI4(int* values, int n);
  * left out */
 short BITSI2(int n, short source, int from, short target, int to);
 int BITSI4(int n, int source, int from, int target, int to);
+/* any: nx * ny values 0 or 255 without order, always the same, as ground of line integral convolution */
+void TXTURE(int* values, int nx, int ny);
+void FREEPTR(void);                /* any: nothing; memory belongs to its arrays */
 void UPSTR(char* text);            /* any: letters a to z become capitals */
 int INTLEN(int value);             /* any: characters of an integer */
 int FLEN(float value, int digits); /* any: of a number with so many decimals, -1 for an integer, up to 100 */

@@ -19,6 +19,7 @@
 #include "graph2d/legend_group.h"
 #include "graph2d/pie_group.h"
 #include "raster/raster_group.h"
+#include "run/quick_group.h"
 #include "text/text_group.h"
 #include "widget/widget_group.h"
 
@@ -39,6 +40,7 @@ struct PlotState {
   WidgetSetup widgetSetup;
   UserFiles userFiles;
   RasterSetup rasterSetup;
+  QuickSetup quickSetup;
 
   // Run lifetime: set by the default settings of QUIINI and by RESET("ALL").
   MessageGroup message;

@@ -43,6 +43,19 @@ int BITSI4(int n, int source, int from, int target, int to) {
       copiedBits(n, static_cast<std::uint32_t>(source), from, static_cast<std::uint32_t>(target), to));
 }
 
+void TXTURE(int* values, int nx, int ny) {
+  // A linear congruential generator (D. Knuth, H. W. Lewis), of which the highest bit is taken.
+  std::uint32_t random = 1;
+  const std::int64_t n = nx < 1 || ny < 1 ? 0 : static_cast<std::int64_t>(nx) * ny;
+  for (std::int64_t i = 0; i < n; i++) {
+    random = random * 1664525U + 1013904223U;
+    values[i] = random >> 31 != 0 ? 255 : 0;
+  }
+}
+
+// Each caller owns its memory: there is nothing to free.
+void FREEPTR(void) {}
+
 void UPSTR(char* text) {
   for (; text && *text; text++)
     if (*text >= 'a' && *text <= 'z') *text = static_cast<char>(*text - 'a' + 'A');

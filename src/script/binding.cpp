@@ -36,16 +36,35 @@ const char* mark_of(const ScriptValue* v) {
   }
 }
 
+// Whether the operand of a position has what a field of one letter, or of one and an R, requires.
 bool fits(std::string_view field, int position) {
   const ScriptValue* v = peek_operand(position);
   const bool alias = operand(position).type == kAlias;
-  if (field == "*") return true;
   if (field == "U") return alias;
-  if (!v) return false;
-  if (field == "V") return alias;
-  if (field == "AR") return is_array(v->type);
-  if (field == "X") return v->type == kInt || v->type == kFloat || v->type == kDouble;
-  return field == mark_of(v);
+  if (field == "*") return true;
+  if (!v || field.empty()) return false;
+  const int type = v->type;
+  if (field.size() == 2 && field[1] == 'R') {
+    switch (field[0]) {
+    case 'A': return is_array(type);
+    case 'B': return type == kByteArray;
+    case 'H': return type == kShortArray;
+    case 'I': return type == kIntArray;
+    case 'F': return type == kFloatArray;
+    default: return false;
+    }
+  }
+  if (field.size() != 1) return false;
+  switch (field[0]) {
+  case 'I': return type == kInt;
+  case 'X': return type == kInt || type == kFloat || type == kDouble;
+  case 'S': return type == kString || type == kCharArray;
+  case 'F': return type == kFloat;
+  case 'B': return type == kByte;
+  case 'H': return type == kShort;
+  case 'V': return alias;
+  default: return false;
+  }
 }
 
 // The undefined identifiers among the operands become INT variables. False after a message.
@@ -60,11 +79,15 @@ bool define_outputs() {
   return true;
 }
 
-// Evaluates the operands of a routine and checks them. False after a message.
-bool check_routine_call(const RoutineRow& row) {
+// Evaluates the operands of a routine. False after a message.
+bool evaluate_operands() {
   clear_stack(0);
   interp.stack.overflow = false;
-  if (peek_character() != ')' && evaluate(true) == 0) return false;
+  return peek_character() == ')' || evaluate(true) != 0;
+}
+
+// Checks them. False after a message.
+bool check_routine_call(const RoutineRow& row) {
   return match_operands(row.name, row.signature, 0) && define_outputs();
 }
 
@@ -140,11 +163,16 @@ void report_mismatch(const char* name, const char* signature, int first) {
   std::printf("      Correct: %s (%s)\n", name, signature);
 }
 
-bool call_row(const RoutineRow& row, ScriptValue* result) { return check_routine_call(row) && exec_row(row, result); }
+bool call_row(const RoutineRow& row, ScriptValue* result) {
+  return evaluate_operands() && check_routine_call(row) && exec_row(row, result);
+}
 
-const ScriptValue& operand_value(int k) { return *peek_operand(k); }
-
-int operand_variable(int k) { return operand(k).type == kAlias ? operand(k).value.index : -1; }
+void run_planned_routine(int row, const Code* operands) {
+  clear_stack(0);
+  interp.stack.overflow = false;
+  if ((!operands || run_list(*operands) != 0) && check_routine_call(kRoutines[row])) exec_row(kRoutines[row], nullptr);
+  clear_stack(0);
+}
 
 // A routine of the script that the library has called may have freed an output variable.
 static bool is_output(int index) { return index >= 0 && slot_in_use(index); }
@@ -193,14 +221,18 @@ void* output_memory(std::int64_t n, std::int64_t m, int size) {
 }
 
 bool match_operands(const char* name, const char* signature, int first) {
-  const std::string_view fields(signature);
-  const int length = signature_length(fields);
-  for (int k = 0; k < length; ++k) {
-    const std::string_view field = signature_field(fields, k);
+  int position = first;
+  for (const char* p = signature; *p; ++position) {
+    std::size_t length = 0;
+    while (p[length] && p[length] != ',') ++length;
+    const std::string_view field(p, length);
     if (field == ".") break;
-    if (first + k < operand_count() && fits(field, first + k)) continue;
-    report_mismatch(name, signature, first);
-    return false;
+    if (position >= operand_count() || !fits(field, position)) {
+      report_mismatch(name, signature, first);
+      return false;
+    }
+    p += length;
+    if (*p == ',') ++p;
   }
   return true;
 }

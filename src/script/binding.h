@@ -7,7 +7,8 @@
 
 #include <string_view>
 
-#include "script/script_value.h"
+#include "script/expression_code.h"
+#include "script/operand_stack.h"
 
 namespace qsl {
 
@@ -86,13 +87,16 @@ bool call_row(const RoutineRow& row, ScriptValue* result);
 // NAME(...) as a statement; the tokeniser stands behind the parenthesis.
 void run_routine_statement(const char* text, const char* name);
 
+// The same with the operands as code; null: there are none.
+void run_planned_routine(int row, const Code* operands);
+
 // variable = NAME(...) with a value routine; the tokeniser stands behind its name.
 void run_value_routine(int row, const char* variable_name);
 
 // The value of operand k, which an alias takes from its variable.
-const ScriptValue& operand_value(int k);
+inline const ScriptValue& operand_value(int k) { return *peek_operand(k); }
 // The variable that operand k stands for, or -1.
-int operand_variable(int k);
+inline int operand_variable(int k) { return operand(k).type == kAlias ? operand(k).value.index : -1; }
 
 // Writes outputs. An integer is put into the variable's place without a change of its tag; a variable that owns
 // memory gives it up and becomes INT. A real makes the variable DOUBLE.

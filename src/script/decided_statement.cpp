@@ -78,11 +78,21 @@ DecisionKind decide_header(Decision& d) {
   return d.header ? kHeader : kAsText;
 }
 
+// NAME(...) with a routine of the library, the tokeniser behind the '('.
+DecisionKind decide_routine(Decision& d, const char* first) {
+  d.row = find_routine(first);
+  if (d.row < 0) return kAsText;
+  if (peek_character() == ')') return kLibraryRoutine;
+  d.code = compile_list(true);
+  return d.code ? kLibraryRoutine : kAsText;
+}
+
 // A statement that is no construct, the tokeniser behind its second token.
 DecisionKind decide_plain(Decision& d, const char* first) {
   if (token() == '=') return decide_assignment(d, first);
   if (token() == '[') return decide_elements(d, first);
-  if (token() == '(' || token() == ':') return kAsText;
+  if (token() == '(') return decide_routine(d, first);
+  if (token() == ':') return kAsText;
   if (is_word(first, "CALL")) return decide_call(d);
   if (is_word(first, "SUBROUTINE") || is_word(first, "FUNCTION")) return decide_header(d);
   return kAsText;
@@ -153,6 +163,7 @@ void run_plain(Decision& d) {
   switch (d.kind) {
   case kAssign: return assign_operand(d.name, run_list(*d.code));
   case kAssignElements: return assign_selected(d.name, *d.subscripts, *d.code);
+  case kLibraryRoutine: return run_planned_routine(d.row, d.code);
   case kCallRoutine: return run_planned_call(*d.call, nullptr);
   case kCallFunction: return run_planned_call(*d.call, &d.name);
   default: return run_planned_header(*d.header);

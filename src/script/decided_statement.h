@@ -19,6 +19,7 @@ enum DecisionKind : std::uint8_t {
   kEndDo,
   kWhile,
   kEndWhile,
+  kLibraryRoutine,
   kCallRoutine,
   kCallFunction,
   kHeader,
@@ -43,6 +44,7 @@ struct Decision {
   Code* subscripts;
   Decision* then; // behind a one-line IF
   CallPlan* call;
+  int row; // of the library's routine
   HeaderPlan* header;
   KeptCode* kept;
 };

@@ -25,16 +25,16 @@ void push_variable(const KnownName& name, int mode) {
   const int index = find_known(name);
   if (index < 0) {
     if (mode == kByValue || mode == kBorrow) return report_error_text("Undefined identifier", name.text);
-    return push_alias(index, name.text);
+    return push_alias(index, name);
   }
   const ScriptValue& v = variable(index);
   if (v.type == kInt || v.type == kDouble) {
-    if (mode == kAliasAlways) return push_alias(index, name.text);
+    if (mode == kAliasAlways) return push_alias(index, name);
     return push_number(v);
   }
   const bool alias = mode == kAliasAlways || (mode == kAliasArrays && owns_memory(v.type)) ||
                      (mode == kBorrow && v.type >= kByteArray);
-  if (alias) return push_alias(index, name.text);
+  if (alias) return push_alias(index, name);
   push_value(v);
 }
 

@@ -24,13 +24,6 @@ void push_alias(int index, const char* name) {
   set_name(v->name, name);
 }
 
-ScriptValue* peek_operand(int position) {
-  ScriptValue& v = operand(position);
-  if (v.type != kAlias) return &v;
-  const int target = v.value.index;
-  return target >= 0 && slot_in_use(target) ? &variable(target) : nullptr;
-}
-
 ScriptValue* resolve_operand(int position) {
   ScriptValue* v = peek_operand(position);
   if (!v) report_error_text("Undefined identifier", operand(position).name);

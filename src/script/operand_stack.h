@@ -40,6 +40,14 @@ inline void push_number(const ScriptValue& number) {
 }
 void push_copy(const ScriptValue& v);
 void push_alias(int index, const char* name);
+// The same by a name that is filled up with zeros.
+inline void push_alias(int index, const KnownName& name) {
+  ScriptValue* v = push_operand();
+  if (!v) return;
+  v->type = kAlias;
+  v->value.index = index;
+  std::memcpy(v->name, name.text, sizeof name.text);
+}
 
 // Frees the entries from keep on.
 inline void clear_stack(int keep) {
@@ -53,7 +61,12 @@ inline void clear_stack(int keep) {
 // The operand or the variable that it stands for; null after "Undefined identifier" for an alias without target.
 ScriptValue* resolve_operand(int position);
 // The same without a message.
-ScriptValue* peek_operand(int position);
+inline ScriptValue* peek_operand(int position) {
+  ScriptValue& v = operand(position);
+  if (v.type != kAlias) return &v;
+  const int target = v.value.index;
+  return target >= 0 && slot_in_use(target) ? &variable(target) : nullptr;
+}
 // Replaces an alias by a copy of its variable. False after a message; the entry then has no usable value.
 bool materialize(int position);
 

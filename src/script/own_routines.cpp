@@ -46,9 +46,6 @@ void run_quiini(const Call&) {
   apply_all_system_variables();
 }
 
-// Memory belongs to the variables: there is nothing to free.
-void run_nothing(const Call&) {}
-
 // Where arbitrary texts run, no file is touched.
 void run_openfl(const Call& call) {
   if (interp.driver.harmless) return set_int(*call.result, -1);

@@ -20,7 +20,6 @@ void run_getuni(const Call& call);
 void run_intutf(const Call& call);
 void run_upstr(const Call& call);
 void run_openfl(const Call& call);
-void run_nothing(const Call& call);
 void run_itmcat(const Call& call);
 void run_itmncat(const Call& call);
 void run_wpixls(const Call& call);

@@ -100,3 +100,18 @@ TEST_F(Words, FileFaults) {
   EXPECT_EQ(warned([] { return OPENFL("y", 1, 1); }), wrong("openfl", 1)); // the number is taken
   EXPECT_EQ(warned([] { return POSIFL(1, -1); }), wrong("posifl", -1));
 }
+
+TEST_F(Words, TexturesAreTheSameEachTime) {
+  int values[600], again[600];
+  TXTURE(values, 20, 30);
+  TXTURE(again, 30, 20);
+  int white = 0;
+  for (int i = 0; i < 600; i++) {
+    EXPECT_TRUE(values[i] == 0 || values[i] == 255);
+    EXPECT_EQ(values[i], again[i]);
+    white += values[i] == 255;
+  }
+  EXPECT_NEAR(white, 300, 75);
+  TXTURE(nullptr, 0, 30);
+  TXTURE(nullptr, -1, -1);
+}

@@ -167,6 +167,23 @@ TEST_F(Binding, CountsBeyondAnArrayAreRefused) {
   EXPECT_EQ(run("X = IALLOC(2)\nMYLINE(X,3)\n"), fault("Not enough array elements in MYLINE", 3));
 }
 
+// In a loop a call is decided once and does the same in each pass.
+TEST_F(Binding, CallsInLoops) {
+  const std::string printed = run("X = 'old'\nDO I = 1, 3\nHSVRGB(0.0, 1.0, I / 4.0, R, G, B)\nPRINTL R\n"
+                                  "SETCLR(1.0)\nGETPLV()\nCURVE(FALLOC(2), FALLOC(2), 3)\nSORTR1(Q, 1, 'A')\nEND DO\n");
+  std::string wanted;
+  const char* red[] = {"0.250000", "0.500000", "0.750000"};
+  for (int i = 0; i < 3; ++i) {
+    wanted += std::string(red[i]) + " \n" + mismatch("SETCLR", "D", "I", i == 0 ? 6 : 10) +
+              fault("Undefined routine GETPLV", i == 0 ? 7 : 10) +
+              fault("Not enough array elements in CURVE", i == 0 ? 8 : 10) +
+              mismatch("SORTR1", "U,I,S", "FR,I,S", i == 0 ? 9 : 10);
+  }
+  EXPECT_EQ(printed, wanted);
+  EXPECT_EQ(run("BASDAT(1, 1, 2000)\nDO I = 1, 2\nN = I - 1\nTRFDAT(N, D, M, Y)\nEND DO\nPRINTL D, M, Y\n"),
+            "2 1 2000 \n");
+}
+
 TEST_F(Binding, OperandsBeyondTheSignatureAreIgnored) {
   EXPECT_EQ(run("HSVRGB(0.0,1.0,1.0,R,G,B,EXTRA)\nLIST EXTRA\n"),
             " Name : EXTRA   , Type : INT     , Count: 1, Value: 0\n");
