@@ -622,7 +622,7 @@ constexpr RoutineRow kRoutines[kRoutineCount] = {
     absent("VUP3D", "X"),
     absent("WGFIN", ""),
     absent("WIDBAR", "I"),
-    absent("WIMAGE", "S"),
+    bound<"WIMAGE", "S", WIMAGE>(),
     absent("WINCBK", "S,S"),
     absent("WINDBR", "X,I,I,I,X"),
     bound<"WINDOW", "I,I,I,I", WINDOW>(),
