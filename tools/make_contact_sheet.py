@@ -18,7 +18,9 @@ import picture_cases as reader  # noqa: E402
 from file_case import Picture, Workplace  # noqa: E402
 
 TILE_WIDTH, TILE_HEIGHT, GAP, COLUMNS = 426, 302, 8, 3
-ORDER = ("pdf", "ps", "eps", "svg", "ipe", "hpg", "java", "met", "cgm", "wmf", "emf", "psc")
+ORDER = ("pdf", "ps", "eps", "svg", "ipe", "hpg", "java", "met", "cgm", "wmf", "emf", "psc", "png", "gif", "tif",
+         "bmp", "ppm")
+RASTERS = {"png": "pngtopnm", "gif": "giftopnm", "tif": "tifftopnm", "bmp": "bmptopnm", "ppm": "ppmtoppm"}
 
 
 def rendered(folder, *command):
@@ -40,6 +42,9 @@ def upright(image):
 
 def picture_of(program, folder, kind):
     name = "quilla." + kind
+    if kind in RASTERS:
+        rendered(folder, "sh", "-c", "%s < %s > %s-out.ppm" % (RASTERS[kind], name, kind))
+        return pages(folder, kind + "-out")
     if kind in ("ps", "eps", "psc"):
         rendered(folder, "gs", "-q", "-dNOPAUSE", "-dBATCH", "-dSAFER", "-sDEVICE=ppmraw", "-r120", "-sPAPERSIZE=a3",
                  "-dTextAlphaBits=4", "-dGraphicsAlphaBits=4", "-sOutputFile=%s-out.ppm" % kind, name)
@@ -108,6 +113,7 @@ def main():
         rendered(folder, program, str(ROOT / "examples" / "formats.qsl"))
         tiles = [shrunk(picture_of(program, folder, kind)) for kind in ORDER]
     gap = b"\xe0" * 3 * GAP
+    tiles += [[b"\xe0" * 3 * TILE_WIDTH] * TILE_HEIGHT] * (-len(tiles) % COLUMNS)
     for at in range(0, len(tiles), COLUMNS):
         sheet += [gap_row] * GAP
         sheet += [gap + gap.join(rows) + gap for rows in zip(*tiles[at:at + COLUMNS])]

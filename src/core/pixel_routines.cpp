@@ -48,32 +48,28 @@ Block blockOf(const PlotState* s, int x, int y, int w, int h) {
   return {x, y, w, h, s->image.imageDataMode == kDataRgb, s->image.imageRowOrder == kRowsFromBottom};
 }
 
-void writeBlock(const char* name, const unsigned char* data, int x, int y, int w, int h) {
+// Hands each row of a block to the function of its kind of pixels, data being what the routine was given.
+template <typename Byte, typename Indices, typename Colours>
+void passBlock(const char* name, Byte* data, int x, int y, int w, int h, Indices indices, Colours colours) {
   PlotState* s = strictCheck(1, 3, name);
   RasterCanvas* canvas = s ? openImage(s) : nullptr;
   if (!canvas) return;
   const Block block = blockOf(s, x, y, w, h);
   block.eachRow(*canvas, [&](int row, std::size_t at) {
     if (block.rgb) {
-      writeRgbRow(*canvas, x, row, data + at, w);
+      colours(*canvas, x, row, data + at, w);
     } else {
-      writeIndexRow(*canvas, x, row, data + at, w);
+      indices(*canvas, x, row, data + at, w);
     }
   });
 }
 
+void writeBlock(const char* name, const unsigned char* data, int x, int y, int w, int h) {
+  passBlock(name, data, x, y, w, h, writeIndexRow, writeRgbRow);
+}
+
 void readBlock(const char* name, unsigned char* data, int x, int y, int w, int h) {
-  PlotState* s = strictCheck(1, 3, name);
-  RasterCanvas* canvas = s ? openImage(s) : nullptr;
-  if (!canvas) return;
-  const Block block = blockOf(s, x, y, w, h);
-  block.eachRow(*canvas, [&](int row, std::size_t at) {
-    if (block.rgb) {
-      readRgbRow(*canvas, x, row, data + at, w);
-    } else {
-      readIndexRow(*canvas, x, row, data + at, w);
-    }
-  });
+  passBlock(name, data, x, y, w, h, readIndexRow, readRgbRow);
 }
 
 } // namespace

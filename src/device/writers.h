@@ -23,8 +23,8 @@ struct OutputBuffer {
 OutputBuffer* openOutput(const char* name, const char* mode); // null on failure
 void putBytes(OutputBuffer* out, const char* bytes, int count);
 void putText(OutputBuffer* out, std::string_view text);
-void flushOutput(OutputBuffer* out); // hands what is buffered to the system
-bool closeOutput(OutputBuffer* out); // frees it; false if anything could not be written
+void flushOutput(OutputBuffer* out);   // hands what is buffered to the system
+bool closeOutput(OutputBuffer* out);   // frees it; false if anything could not be written
 ByteTarget bytesTo(OutputBuffer* out); // for encoders of pictures
 
 // Word writer of text formats: lines of at most 80 characters, broken at blanks. Count -1 ends the line.

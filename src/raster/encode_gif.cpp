@@ -10,6 +10,8 @@ namespace {
 
 constexpr int kTableSize = 5021; // prime, for short probes at 4096 codes
 constexpr std::uint32_t kFreeSlot = ~0U;
+constexpr int kCodeBits = 12; // of the longest code
+constexpr std::uint32_t kCodeMask = (1U << kCodeBits) - 1;
 constexpr int kPixelBits = 8, kClearCode = 256, kEndCode = 257, kFirstCode = 258, kLastCode = 4095;
 constexpr int kFirstCodeSize = 9, kFirstLimit = 512;
 constexpr int kBlockSize = 255;
@@ -46,8 +48,8 @@ struct LzwEncoder {
   CodeWriter writer;
   int prefix = -1; // code of the string so far
   int nextFree = kFirstCode, size = kFirstCodeSize, limit = kFirstLimit;
-  std::uint32_t string[kTableSize]; // code of a prefix, and the pixel behind it in the low byte
-  std::uint16_t code[kTableSize];
+  // From the high end: the code of a prefix, the pixel behind it, the code of both.
+  std::uint32_t string[kTableSize];
 
   void clear() {
     std::fill_n(string, kTableSize, kFreeSlot);
@@ -64,8 +66,7 @@ struct LzwEncoder {
 
   // A string gets a code; the one of its prefix is emitted.
   void learn(int slot, std::uint32_t key) {
-    string[slot] = key;
-    code[slot] = static_cast<std::uint16_t>(nextFree);
+    string[slot] = key << kCodeBits | static_cast<std::uint32_t>(nextFree);
     writer.put(prefix, size);
     growAtLimit();
     if (++nextFree == kLastCode) {
@@ -82,12 +83,14 @@ struct LzwEncoder {
       int slot = pixel << 4 ^ prefix;
       const int step = slot == 0 ? 1 : kTableSize - slot;
       const std::uint32_t key = static_cast<std::uint32_t>(prefix) << kPixelBits | static_cast<std::uint32_t>(pixel);
-      while (string[slot] != key && string[slot] != kFreeSlot) {
+      std::uint32_t found = string[slot];
+      while (found >> kCodeBits != key && found != kFreeSlot) {
         slot -= step;
         if (slot < 0) slot += kTableSize;
+        found = string[slot];
       }
-      if (string[slot] == key) {
-        prefix = code[slot];
+      if (found != kFreeSlot) {
+        prefix = static_cast<int>(found & kCodeMask);
         continue;
       }
       learn(slot, key);

@@ -193,7 +193,7 @@ constexpr ResetRow kResetRows[] = {
      s->axis.titleHeight = 0;
    }},
     {"IANG", nullptr},
-    {"IMGC", nullptr},
+    {"IMGC", [](PlotState* s, const Defaults&) { s->image.imageClip = ImageBox{}; }},
     {"INTA", [](PlotState* s, const Defaults& d) {
      resetLabelDigits(s, d.axis);
    }},

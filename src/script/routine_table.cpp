@@ -623,7 +623,7 @@ constexpr RoutineRow kRoutines[kRoutineCount] = {
     absent("VUP3D", "X"),
     absent("WGFIN", ""),
     absent("WIDBAR", "I"),
-    absent("WIMAGE", "S"),
+    bound<"WIMAGE", "S", WIMAGE>(),
     absent("WINCBK", "S,S"),
     bound<"WINDBR", "X,I,I,I,X", WINDBR>(),
     bound<"WINDOW", "I,I,I,I", WINDOW>(),

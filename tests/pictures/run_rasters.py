@@ -21,10 +21,11 @@ sys.path.insert(0, str(HERE.parent / "files"))
 from file_case import Failure, check, command, Picture  # noqa: E402
 from picture_cases import bordered, png, same_picture  # noqa: E402
 
-# Scripts with a border around the page, and the places that may have no like: thin lines pale where a renderer smooths
-# them, and between lines of a dense hatch the narrower ones of the raster leave more room.
-SCRIPTS = (("first_plot", 100), ("gallery/bars_stacked", 700), ("gallery/curve_modes", 100), ("gallery/fonts", 200),
-           ("gallery/line_types", 50), ("gallery/patterns", 1700), ("gallery/pie_crust", 100), ("gallery/shields", 100),
+# Scripts with a border around the page, and the places that may have no like in the PDF: thin lines pale where a
+# renderer smooths them, and between lines of a dense hatch the narrower ones of the raster leave more room. None: only
+# the stored picture.
+SCRIPTS = (("first_plot", 100), ("gallery/bars_stacked", 700), ("gallery/curve_modes", None), ("gallery/fonts", 200),
+           ("gallery/line_types", None), ("gallery/patterns", None), ("gallery/pie_crust", 100), ("gallery/shields", None),
            ("gallery/symbols", 200))
 
 
@@ -72,7 +73,8 @@ def main():
         with tempfile.TemporaryDirectory() as name:
             try:
                 same_as_stored(program, script, pathlib.Path(name), "--store" in sys.argv)
-                same_as_pdf(program, script, pathlib.Path(name), bound)
+                if bound is not None:
+                    same_as_pdf(program, script, pathlib.Path(name), bound)
                 passed += 1
             except (Failure, OSError, subprocess.SubprocessError) as failure:
                 failed += 1

@@ -17,13 +17,16 @@ TABLE = ROOT / "tests" / "unit" / "script" / "data" / "routines.txt"
 CALLS = 250
 TIMEOUT = 60
 # They run programs of the system or end the plot so often that little else would be seen.
-LEFT_OUT = {"SYMFIL", "QUIFIN", "QUIINI", "METAFL", "SETFIL", "ERRFIL", "ERRDEV", "UNIT"}
+LEFT_OUT = {"SYMFIL", "QUIFIN", "QUIINI", "METAFL", "SETFIL", "ERRFIL", "ERRDEV", "UNIT",
+            "WINDOW", "WINSIZ"}  # pictures of a gigabyte take their time
 
+DEVICES = ["PDF", "PS", "EPS", "PSCL", "PNG", "GIF", "TIFF", "BMP", "PPM", "IMAG", "VIRT"]
 INTEGERS = ["0", "1", "2", "3", "5", "-1", "100", "255", "256", "999", "3000", "40000", "2147483647", "(-2147483647-1)"]
 REALS = ["0.0", "1.0", "-1.0", "0.5", "2.0", "10.0", "100.0", "1E-30", "1E30", "-1E30", "3.4E38", "-3.4E38", "1E300"]
 TEXTS = ["''", "'X'", "'XYZ'", "'ON'", "'OFF'", "'NONE'", "'LINE'", "'LOG'", "'[12$]3$ text'", "'{}%&'", "TXT"]
 KEYWORDS = ["AXIS", "PAGE", "FLOA", "EXP", "XEXP", "MYLA", "MAP", "TIME", "DATE", "SPLI", "STEP", "FBAR", "BOTT", "CENT",
-            "COLO", "BOTH", "VERT", "REVE", "RAIN", "SMAL", "CROS", "ALL", "DASH", "HALF", "TICK", "RIGH", "GERM", "INST"]
+            "COLO", "BOTH", "VERT", "REVE", "RAIN", "SMAL", "CROS", "ALL", "DASH", "HALF", "TICK", "RIGH", "GERM", "INST", "RGB",
+            "IND", "PNG", "TIFF", "FIGU", "AUTO", "TRAN"]
 
 
 def operand(field, rng, names):
@@ -50,7 +53,8 @@ def operand(field, rng, names):
 def make_script(seed, table):
     rng = random.Random(seed)
     names = [0]
-    lines = ["%QSL", "FILMOD('DELETE')", "METAFL('" + rng.choice(["PDF", "PS", "EPS", "PSCL"]) + "')", "SETFIL('out.plt')",
+    lines = ["%QSL", "FILMOD('DELETE')", "METAFL('" + rng.choice(DEVICES) + "')", "SETFIL('out.plt')",
+             "IMGFMT('" + rng.choice(["IND", "RGB", "BIL"]) + "')",
              "FA = {1.0, 2.0, 3.0, 4.0}", "FB = {1.0, -2.0, 1E30}", "FC = FALLOC(40)", "IA = {1, 2, 3}", "IB = IALLOC(40)",
              "BYTE BA[12]", "TXT = '" + "long text " * 12 + "'"]
     if rng.random() < 0.3:

@@ -370,6 +370,41 @@ TEST_F(Raster, PngInMemory) {
   expectWarning("Warning 125", [&] { EXPECT_EQ(RBFPNG(bytes.data(), -5), 0); });
 }
 
+TEST_F(Raster, RawImagesComeBack) {
+  for (const char* image : {"IND", "RGB"}) {
+    openRaster("VIRT", image, 300, 200);
+    RECFLL(100, 100, 1000, 1000, 0x01FFFFFF);
+    FILMOD("DELE");
+    RIMAGE("a.img");
+    ERASE();
+    EXPECT_EQ(rgb(50, 50), (Rgb{0, 0, 0}));
+    expectSilence([] { WIMAGE("a.img"); });
+    EXPECT_EQ(rgb(50, 50), (Rgb{255, 255, 255})) << image;
+    EXPECT_EQ(rgb(299, 199), (Rgb{0, 0, 0}));
+    close();
+  }
+}
+
+TEST_F(Raster, BrokenRawImagesAreRefused) {
+  openRaster("VIRT", "IND", 20, 10);
+  RIMAGE("a.img");
+  std::ifstream file("a.img", std::ios::binary);
+  const std::string whole(std::istreambuf_iterator<char>(file), {});
+  auto refused = [](std::string bytes) {
+    std::ofstream("b.img", std::ios::binary) << bytes;
+    expectWarning("Warning 56: Incorrect file format", [] { WIMAGE("b.img"); });
+  };
+  refused("");
+  refused(whole.substr(0, 79));
+  refused(whole.substr(0, whole.size() - 1));
+  for (const char* width : {"99999", "    0", "   -1", "   2x", "   21"})
+    refused(std::string(whole).replace(20, 5, width));
+  refused(std::string(whole).replace(26, 5, "   11"));
+  refused(std::string(whole).replace(32, 5, "   16"));
+  refused(std::string(whole).replace(0, 1, "?"));
+  expectWarning("Warning 36", [] { WIMAGE("missing.img"); });
+}
+
 TEST_F(Raster, TooLargeForMemory) {
   METAFL("PNG");
   WINSIZ(2147483647, 2147483647);
