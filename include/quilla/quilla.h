@@ -97,9 +97,10 @@ void RPPM(const char* name);
 void RBMP(const char* name);
 void RGIF(const char* name);
 void RIMAGE(const char* name);
-void WIMAGE(const char* name);               /* 1..3: puts a raw image of RIMAGE onto the raster */
-int RBFPNG(unsigned char* bytes, int size);  /* 1..3: a PNG file into memory; its length, 0 if it does not fit */
-void TIFORG(int nx, int ny);                 /* setter: pixel at which a TIFF image is placed */
+void WIMAGE(const char* name);              /* 1..3: puts a raw image of RIMAGE onto the raster */
+void WTIFF(const char* name);               /* 1..3: puts the part of TIFWIN of a TIFF file onto the raster at TIFORG */
+int RBFPNG(unsigned char* bytes, int size); /* 1..3: a PNG file into memory; its length, 0 if it does not fit */
+void TIFORG(int nx, int ny);                /* setter: pixel at which a TIFF image is placed */
 void TIFWIN(int nx, int ny, int nw, int nh); /* setter: part of a TIFF image that is read */
 
 /* Images: PNG, GIF, BMP, TIFF and PPM. INCFIL puts them on rasters, PostScript and PDF; MAPIMG on every device. Warning

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "core/levels.h"
 #include "core/messages.h"
 #include "core/page.h"
 #include "core/pipeline.h"
@@ -12,13 +13,14 @@
 #include "device/page_image.h"
 #include "device/raster_driver.h"
 #include "device/sink.h"
+#include "quilla/quilla.h"
 #include "raster/row_buffer.h"
 
 namespace quilla {
 
 namespace {
 
-constexpr int kFileError = 36, kNoMemory = 53, kNoImageEnd = 54, kBadImage = 123;
+constexpr int kFileError = 36, kIncompatible = 40, kNoMemory = 53, kNoImageEnd = 54, kBadImage = 123;
 enum IncludeScaling : int { kOwnSize = 0, kToBox = 1, kToPage = 2 };
 
 // A rectangle of the raster, pixels.
@@ -178,3 +180,23 @@ bool includeImage(PlotState* s, const char* name, FileKind kind, const WholeBox&
 }
 
 } // namespace quilla
+
+using namespace quilla;
+
+void WTIFF(const char* name) {
+  PlotState* s = strictCheck(1, 3, "wtiff");
+  if (!s) return;
+  if (!s->raster.canvas) return warnPlain(s, kIncompatible);
+  flushPath(s);
+  flushCanvas(*s->raster.canvas);
+  FileImage file;
+  file.status = readImage(name, kFileTiff, GifExtent::kImage, file.image);
+  const ImageBox& window = s->image.tiffWindow;
+  if (file.status == kImageFine && window.w > 0) {
+    file.status = replaceImage(
+        file.image, [&](Image& part) { return cutImage(file.image, window.x, window.y, window.w, window.h, part); });
+    if (file.status == kImageBadFormat) return warnWithText(s, kBadImage, "clipping window is outside of image");
+  }
+  if (file.status == kImageFine) file.status = writeOnRaster(s, file.image, s->image.tiffOriginX, s->image.tiffOriginY);
+  reportImage(s, file.status, name);
+}

@@ -641,7 +641,7 @@ constexpr RoutineRow kRoutines[kRoutineCount] = {
     bound<"WPIXEL", "I,I,I", WPIXEL>(),
     own("WPIXLS", "BR,I,I,I,I", run_wpixls, counted(1, 4, 5)),
     own("WPXROW", "BR,I,I,I", run_wpxrow, counted(1, 4)),
-    absent("WTIFF", "S"),
+    bound<"WTIFF", "S", WTIFF>(),
     absent("X11FNT", "S,S"),
     bound<"X11MOD", "S", X11MOD>(),
     bound<"XAXGIT", "", XAXGIT>(),

@@ -57,6 +57,30 @@ protected:
   }
 };
 
+TEST_F(Images, TiffFilesComeBackByTheirOwnRoutine) {
+  EXPECT_EQ(outputOf([] { WTIFF("a.tif"); }), " <<<< Warning 3: Incorrect level in wtiff!   (0)\n");
+  openRaster();
+  IMGMOD("RGB");
+  IMGINI();
+  const unsigned char row[] = {10, 20, 30, 40, 50, 60, 70, 80, 90};
+  WPXROW(row, 2, 3, 3);
+  IMGFIN();
+  RTIFF("a.tif");
+  ERASE();
+  EXPECT_EQ(outputOf([] { WTIFF("none.tif"); }), " <<<< Warning 36: File error in wtiff!   (none.tif)\n");
+  TIFWIN(2, 3, 2, 1);
+  TIFORG(7, 1);
+  WTIFF("a.tif");
+  EXPECT_EQ(at(7, 1), 0x0A141E);
+  EXPECT_EQ(at(8, 1), 0x28323C);
+  EXPECT_EQ(at(9, 1), at(0, 0)); // beyond the window
+  EXPECT_EQ(at(2, 3), at(0, 0));
+  TIFWIN(19, 0, 2, 1);
+  EXPECT_EQ(outputOf([] { WTIFF("a.tif"); }), " <<<< Warning 123: clipping window is outside of image in wtiff!\n");
+  write("b.tif", "II*");
+  EXPECT_EQ(outputOf([] { WTIFF("b.tif"); }), " <<<< Warning 123: Syntax error in image file in wtiff!\n");
+}
+
 TEST_F(Images, KindsAndSizes) {
   writePpm();
   int width = 9, height = 9;
