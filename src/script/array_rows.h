@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <limits>
 
 #include "script/bound_routine.h"
 #include "script/report.h"
@@ -40,8 +41,9 @@ template <auto library, FixedText told_name> void run_cursor_points(const Call&)
 // Blocks and rows of pixels. item_bytes(): bytes of a pixel as the library gives them.
 template <auto library, auto item_bytes> void run_read_pixels(const Call& call) {
   auto size = [](int k) { return operand_value(k).value.i; };
+  constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
   const std::int64_t area = std::int64_t{std::max(size(3), 0)} * std::max(size(4), 0);
-  if (!is_array_to_fill(0, area * item_bytes(), "Byte", call.name)) return;
+  if (!is_array_to_fill(0, std::min(area, kMost) * item_bytes(), "Byte", call.name)) return;
   library(elements<unsigned char>(operand_value(0)), size(1), size(2), size(3), size(4));
 }
 template <auto library, auto item_bytes> void run_read_pixel_row(const Call& call) {

@@ -21,6 +21,7 @@ struct DriverState {
   char device_override[kDeviceNameLength + 1]; // -D
   bool device_override_given;
   bool device_chosen;                         // METAFL or -D has chosen; a quick plot leaves the device alone
+  int spline_points;                          // of SPLMOD, 0 before the first call
   bool strict;                                // --strict
   bool ended;                                 // EXIT has run
   bool color;                                 // messages and the prompt are coloured

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 
+#include "core/levels.h"
 #include "graph2d/legend.h"
 #include "quilla/quilla.h"
 #include "script/array_rows.h"
@@ -44,6 +46,29 @@ void run_quiini(const Call&) {
   }
   QUIINI();
   apply_all_system_variables();
+}
+
+// The arrays of SPLINE have 201 elements until a script has called SPLMOD, and never fewer than the library fills.
+void run_splmod(const Call&) {
+  interp.driver.spline_points = operand_value(1).value.i;
+  SPLMOD(operand_value(0).value.i, operand_value(1).value.i);
+}
+
+void run_spline(const Call&) {
+  constexpr int kUsualPoints = 201;
+  const int told = interp.driver.spline_points, filled = quilla::plotState()->curve.splinePoints;
+  const int size = std::max(told > 0 && told == filled ? told : kUsualPoints, filled);
+  float* arrays[2];
+  for (float*& array : arrays) array = static_cast<float*>(output_memory(size, 1, sizeof(float)));
+  int count = 0;
+  if (arrays[0] && arrays[1]) {
+    SPLINE(elements<float>(operand_value(0)), elements<float>(operand_value(1)), operand_value(2).value.i, arrays[0],
+           arrays[1], &count);
+    for (int k = 0; k < 2; ++k) write_array_output(operand_variable(3 + k), kFloatArray, arrays[k], size);
+    write_int_output(operand_variable(5), count);
+    return;
+  }
+  for (float* array : arrays) std::free(array);
 }
 
 // Where arbitrary texts run, no file is touched.

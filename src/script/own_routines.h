@@ -22,6 +22,10 @@ void run_upstr(const Call& call);
 void run_openfl(const Call& call);
 void run_itmcat(const Call& call);
 void run_itmncat(const Call& call);
+void run_rpixls(const Call& call);
+void run_rpxrow(const Call& call);
+void run_spline(const Call& call);
+void run_splmod(const Call& call);
 void run_wpixls(const Call& call);
 void run_wpxrow(const Call& call);
 
