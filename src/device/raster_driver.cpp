@@ -113,6 +113,12 @@ void rasterRectangle(PlotState* s, float x1, float y1, float x2, float y2, int c
   endFigure(s);
 }
 
+void rasterSymbol(PlotState* s, int symbol, float x, float y, float size) {
+  flushCanvas(*s->raster.canvas);
+  canvasSymbol(*s->raster.canvas, symbol, deviceRound(x), deviceRound(y), deviceRound(size));
+  endFigure(s);
+}
+
 void rasterColor(PlotState* s, int color) {
   const ShownColor shown = shownColor(s, color);
   setCanvasColour(*s->raster.canvas, shown.index, shown.rgb);

@@ -33,6 +33,7 @@ void rasterPen(PlotState* s, float x, float y, int code);
 // Filled polygon in device coordinates; overflow and missing memory are reported.
 void rasterFill(PlotState* s, const float* xs, const float* ys, int n);
 void rasterRectangle(PlotState* s, float x1, float y1, float x2, float y2, int color);
+void rasterSymbol(PlotState* s, int symbol, float x, float y, float size);
 void rasterColor(PlotState* s, int color);
 void rasterPalette(PlotState* s, int first, int last);
 void rasterWidth(PlotState* s, float width);

@@ -20,6 +20,9 @@ void qqpen(PlotState* s, float x, float y, int code);
 // Filled polygon in the current colour; true if the device took it, false if it must be hatched in software.
 bool qqfill(PlotState* s, const float* xs, const float* ys, int n);
 
+// A symbol of a height in plot units that the device draws itself, in the current colour. False: it has none.
+bool sinkSymbol(PlotState* s, int symbol, float x, float y, float height);
+
 // Filled rectangle between two corners in a colour of its own; the current colour stays. The page origin (ORIGIN) is
 // added here. True if the device took it.
 bool qqbar(PlotState* s, float x1, float y1, float x2, float y2, int color);

@@ -121,6 +121,16 @@ void hatchBar(PlotState* s, const Bar& bar, int color) {
 
 } // namespace
 
+bool sinkSymbol(PlotState* s, int symbol, float x, float y, float height) {
+  if (deviceFamily(s->deviceSetup.deviceNumber) != DeviceFamily::kRaster || !s->raster.canvas || pageTurned(s))
+    return false;
+  const float values[] = {static_cast<float>(symbol), x, y, height};
+  if (s->device.trace) traceReals(s, "symbol", values, 4);
+  const DevicePoint p = devicePoint(s, x, y);
+  rasterSymbol(s, symbol, p.x, p.y, height * s->device.deviceScale);
+  return true;
+}
+
 bool qqbar(PlotState* s, float x1, float y1, float x2, float y2, int color) {
   const auto originX = static_cast<float>(s->page.originX), originY = static_cast<float>(s->page.originY);
   const Bar bar = {x1 + originX, y1 + originY, x2 + originX, y2 + originY};

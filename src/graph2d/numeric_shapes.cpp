@@ -5,6 +5,7 @@
 
 #include "core/levels.h"
 #include "core/messages.h"
+#include "core/stop_request.h"
 #include "quilla/quilla.h"
 
 using namespace quilla;
@@ -66,7 +67,7 @@ void add(PointList& list, float x, float y) {
 void BEZIER(const float* x, const float* y, int n, float* xp, float* yp, int np) {
   PlotState* s = strictCheck(0, 3, "bezier");
   if (!s || checkRange(s, n, 2, kControlPoints) || checkRange(s, np, 2, -1)) return;
-  for (int i = 0; i < np; i++) {
+  for (int i = 0; i < np && !stopRequested(); i++) {
     const double t = static_cast<double>(i) / static_cast<double>(np - 1);
     xp[i] = static_cast<float>(bezier(x, n, t));
     yp[i] = static_cast<float>(bezier(y, n, t));
@@ -90,7 +91,7 @@ void HISTOG(const float* x, int n, float* middles, float* counts, int* classes) 
     middles[k] = static_cast<float>(static_cast<double>(low) + width * (k + 0.5));
     counts[k] = 0.0F;
   }
-  for (int i = 0; i<n&& * classes> 0; i++) {
+  for (int i = 0; 0 < *classes && i < n; i++) {
     if (!std::isfinite(x[i])) continue;
     const double place = width > 0.0 ? (static_cast<double>(x[i]) - static_cast<double>(low)) / width : 0.0;
     counts[std::min(static_cast<int>(place), *classes - 1)] += 1.0F; // the highest value is in the last class

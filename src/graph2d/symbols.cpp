@@ -6,6 +6,7 @@
 #include "core/page.h"
 #include "core/pipeline.h"
 #include "core/shields.h"
+#include "device/sink.h"
 
 namespace quilla {
 
@@ -146,6 +147,15 @@ void drawShape(PlotState* s, int symbol, const Frame& f) {
   }
 }
 
+// Upright symbols on a device with symbols of its own.
+bool drawnByDevice(PlotState* s, int symbol, int height, float x, float y) {
+  if (s->curve.symbolAngle != 0.0F || s->shield.shieldCount != 0 || s->transform.transformOn || s->clip.clipIsCircle)
+    return false;
+  flushPath(s);
+  return sinkSymbol(s, symbol, x + static_cast<float>(s->page.originX), y + static_cast<float>(s->page.originY),
+                    static_cast<float>(height));
+}
+
 // Lines that are drawn later keep out of the circle around a symbol (SHIELD "SYMB").
 void shieldSymbol(PlotState* s, int height, float x, float y) {
   const int data[] = {roundHalfUp(x) + s->page.originX, roundHalfUp(y) + s->page.originY, height / 2};
@@ -159,7 +169,7 @@ void drawSymbol(PlotState* s, int symbol, int height, float x, float y) {
   if (s->curve.userSymbolOn && symbol == s->curve.userSymbolId) {
     drawUserSymbol(s, f);
   } else if (symbol >= 0 && symbol <= kHighestSymbol) {
-    drawShape(s, symbol, f);
+    if (!drawnByDevice(s, symbol, height, x, y)) drawShape(s, symbol, f);
   } else {
     return;
   }

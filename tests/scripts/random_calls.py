@@ -20,8 +20,12 @@ TIMEOUT = 60
 LEFT_OUT = {"SYMFIL", "QUIFIN", "QUIINI", "METAFL", "SETFIL", "ERRFIL", "ERRDEV", "UNIT",
             "WINDOW", "WINSIZ"}  # pictures of a gigabyte take their time
 
+# They give out arrays of a size that the script tells: results of gigabytes take their time.
+SIZED = {"BEZIER", "HISTOG", "POLCLP", "TRFMAT", "INTUTF", "LEGINI"}
+LARGEST = "2147483647"
+
 DEVICES = ["PDF", "PS", "EPS", "PSCL", "PNG", "GIF", "TIFF", "BMP", "PPM", "IMAG", "VIRT"]
-INTEGERS = ["0", "1", "2", "3", "5", "-1", "100", "255", "256", "999", "3000", "40000", "2147483647", "(-2147483647-1)"]
+INTEGERS = ["0", "1", "2", "3", "5", "-1", "100", "255", "256", "999", "3000", "40000", LARGEST, "(-" + LARGEST + "-1)"]
 REALS = ["0.0", "1.0", "-1.0", "0.5", "2.0", "10.0", "100.0", "1E-30", "1E30", "-1E30", "3.4E38", "-3.4E38", "1E300"]
 TEXTS = ["''", "'X'", "'XYZ'", "'ON'", "'OFF'", "'NONE'", "'LINE'", "'LOG'", "'[12$]3$ text'", "'{}%&'", "TXT"]
 KEYWORDS = ["AXIS", "PAGE", "FLOA", "EXP", "XEXP", "MYLA", "MAP", "TIME", "DATE", "SPLI", "STEP", "FBAR", "BOTT", "CENT",
@@ -67,7 +71,8 @@ def make_script(seed, table):
         if opened and i % 25 == 0:
             lines.append("GRAF(0.0, 10.0, 0.0, 1.0, -1.0, 1.0, -1.0, 0.5)")
         name, signature = rng.choice(table)
-        lines.append(name + "(" + ", ".join(operand(f, rng, names) for f in signature) + ")")
+        operands = ["3000" if name in SIZED and o == LARGEST else o for o in (operand(f, rng, names) for f in signature)]
+        lines.append(name + "(" + ", ".join(operands) + ")")
     return "\n".join(lines + ["QUIFIN()", "PRINTL 'the end'"]) + "\n"
 
 

@@ -37,6 +37,7 @@ std::string dummyOperand(std::string_view field, int position) {
   if (field == "S") return "'X'";
   if (field == "FR") return "FALLOC(8)";
   if (field == "IR") return "IALLOC(8)";
+  if (field == "BR" && position == 0) return "PIXELS";
   if (field == "BR" || field == "AR") return "BYTE(IALLOC(8))";
   if (field == "V") return "VAR";
   return "OUT" + std::to_string(position);
@@ -46,8 +47,11 @@ std::string callOf(const RoutineRow& row, bool hasValue) {
   std::string text = hasValue ? std::string("RESULT = ") + row.name + "(" : std::string(row.name) + "(";
   for (int k = 0; k < signature_length(row.signature); ++k)
     text += (k > 0 ? "," : "") + dummyOperand(signature_field(row.signature, k), k);
-  const bool namesVariable = std::string_view(row.signature).starts_with("V");
-  return (namesVariable ? "VAR = 'text'\n" : "") + text + ")\n";
+  const std::string_view signature(row.signature);
+  const char* variable = signature.starts_with("V")    ? "VAR = 'text'\n"
+                         : signature.starts_with("BR") ? "PIXELS = BYTE(IALLOC(8))\n"
+                                                       : "";
+  return variable + text + ")\n";
 }
 
 // The name by which a routine reports: its own in lower case, cut at eight characters. TTFONT has always had another.
