@@ -18,6 +18,7 @@ struct WindowSetup {
   int windowCorner = kCornerNone;        // WINJUS: 1 "RBOT" to 5 "CENT"
   int backingStore = 0;                  // X11MOD
   bool windowsApplication = false;       // WINAPP
+  bool displayMissed = false;            // it was told that there is no display
   // Shows the protocol of a windows application; null while there is no window layer: it is printed.
   void (*messageBox)(const char* title, const char* text) = nullptr;
 };

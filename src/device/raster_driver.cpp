@@ -1,5 +1,7 @@
 #include "device/raster_driver.h"
 
+#include <cstdio>
+
 #include "core/messages.h"
 #include "device/device_table.h"
 #include "device/plot_file.h"
@@ -69,7 +71,11 @@ RasterCanvas* makeRaster(PlotState* s, bool trueColour) {
 
 bool openRaster(PlotState* s) {
   const int device = s->deviceSetup.deviceNumber;
-  const bool toFile = device != kDeviceVirtual;
+  const bool onScreen = device < kDevicePltm, toFile = !onScreen && device != kDeviceVirtual;
+  if (onScreen && !s->windowSetup.displayMissed) {
+    std::fputs("QUILLA: there is no display, plots for windows are drawn in memory\n", stderr);
+    s->windowSetup.displayMissed = true;
+  }
   const bool trueColour = s->rasterSetup.imageFormat == kImageRgb || device == kDevicePpm;
   s->device.colourDepth = trueColour ? kTrueColorDepth : kIndexedDepth;
   if (toFile && (!namePlotFile(s) || !openPlotFile(s))) return false;

@@ -52,11 +52,11 @@ void qqpen(PlotState* s, float x, float y, int code) {
   case DeviceFamily::kMetafile:
     if (s->device.metafile) metafilePlotPen(s, p.x, p.y, code);
     break;
+  case DeviceFamily::kWindow:
+  case DeviceFamily::kOpenGl:
   case DeviceFamily::kRaster:
     if (s->raster.canvas) rasterPen(s, p.x, p.y, code);
     break;
-  case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl: break;
   }
 }
 
@@ -135,11 +135,11 @@ void qqcolor(PlotState* s, int color) {
   case DeviceFamily::kMetafile:
     if (s->device.metafile) metafilePlotColor(s, red, green, blue);
     break;
+  case DeviceFamily::kWindow:
+  case DeviceFamily::kOpenGl:
   case DeviceFamily::kRaster:
     if (s->raster.canvas) rasterColor(s, color);
     break;
-  case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl: break;
   }
 }
 
@@ -152,8 +152,6 @@ void sinkColorTable(PlotState* s, int first, int last) {
   switch (deviceFamily(s->deviceSetup.deviceNumber)) {
   case DeviceFamily::kPostScript:
   case DeviceFamily::kPdf:
-  case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl:
   case DeviceFamily::kPltm:
   case DeviceFamily::kCgm:
   case DeviceFamily::kMetafile:
@@ -161,6 +159,8 @@ void sinkColorTable(PlotState* s, int first, int last) {
   case DeviceFamily::kJava:
   case DeviceFamily::kSvg:
   case DeviceFamily::kIpe: break;
+  case DeviceFamily::kWindow:
+  case DeviceFamily::kOpenGl:
   case DeviceFamily::kRaster:
     if (s->raster.canvas) rasterPalette(s, first, last);
     break;

@@ -172,9 +172,9 @@ bool openDriver(PlotState* s) {
   case DeviceFamily::kPltm: return openPlain(s, pltmHeader);
   case DeviceFamily::kCgm: return openCgm(s);
   case DeviceFamily::kMetafile: return openMetafile(s);
-  case DeviceFamily::kRaster: return openRaster(s);
   case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl: break;
+  case DeviceFamily::kOpenGl:
+  case DeviceFamily::kRaster: return openRaster(s);
   }
   warnWithText(s, kBadDevice, "Bad output device");
   return false;
@@ -243,9 +243,9 @@ void sinkClose(PlotState* s) {
     closeCgm(s);
     break;
   case DeviceFamily::kMetafile: closeMetafilePlot(s); break;
-  case DeviceFamily::kRaster: closeRaster(s); break;
   case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl: break;
+  case DeviceFamily::kOpenGl:
+  case DeviceFamily::kRaster: closeRaster(s); break;
   }
   closeTrace(s);
 }
@@ -272,11 +272,11 @@ void sinkNewPage(PlotState* s) {
   case DeviceFamily::kIpe:
     if (s->device.vector) ipeNewPage(s);
     break;
+  case DeviceFamily::kWindow:
+  case DeviceFamily::kOpenGl:
   case DeviceFamily::kRaster:
     if (s->raster.canvas) rasterErase(s);
     break;
-  case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl:
   case DeviceFamily::kPltm:
   case DeviceFamily::kMetafile:
   case DeviceFamily::kHpgl:
@@ -292,13 +292,13 @@ void sinkErase(PlotState* s) {
   case DeviceFamily::kJava:
     if (s->device.plotOutput) javaErase(s);
     break;
+  case DeviceFamily::kWindow:
+  case DeviceFamily::kOpenGl:
   case DeviceFamily::kRaster:
     if (s->raster.canvas) rasterErase(s);
     break;
   case DeviceFamily::kPostScript:
   case DeviceFamily::kPdf:
-  case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl:
   case DeviceFamily::kPltm:
   case DeviceFamily::kCgm:
   case DeviceFamily::kMetafile:
@@ -324,12 +324,12 @@ void sinkFlush(PlotState* s) {
   case DeviceFamily::kMetafile:
     if (s->device.metafile) metafileFlush(*s->device.metafile->file);
     break;
+  case DeviceFamily::kWindow:
+  case DeviceFamily::kOpenGl:
   case DeviceFamily::kRaster:
     if (s->raster.canvas) flushCanvas(*s->raster.canvas);
     break;
-  case DeviceFamily::kPdf:
-  case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl: break;
+  case DeviceFamily::kPdf: break;
   }
 }
 

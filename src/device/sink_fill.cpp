@@ -80,12 +80,12 @@ bool qqfill(PlotState* s, const float* xs, const float* ys, int n) {
       if (!metafilePlotFill(s, x, y, count)) warnPlain(s, kNoMemory);
     });
     return true;
+  case DeviceFamily::kWindow:
+  case DeviceFamily::kOpenGl:
   case DeviceFamily::kRaster:
     if (!s->raster.canvas) break;
     fillOnDevice(s, xs, ys, n, [s, n](const float* x, const float* y) { rasterFill(s, x, y, n); });
     return true;
-  case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl:
   case DeviceFamily::kPltm:
   case DeviceFamily::kCgm:
   case DeviceFamily::kHpgl:
@@ -122,8 +122,7 @@ void hatchBar(PlotState* s, const Bar& bar, int color) {
 } // namespace
 
 bool sinkSymbol(PlotState* s, int symbol, float x, float y, float height) {
-  if (deviceFamily(s->deviceSetup.deviceNumber) != DeviceFamily::kRaster || !s->raster.canvas || pageTurned(s))
-    return false;
+  if (!s->raster.canvas || pageTurned(s)) return false;
   const float values[] = {static_cast<float>(symbol), x, y, height};
   if (s->device.trace) traceReals(s, "symbol", values, 4);
   const DevicePoint p = devicePoint(s, x, y);
@@ -174,12 +173,12 @@ bool qqbar(PlotState* s, float x1, float y1, float x2, float y2, int color) {
     if (!s->device.plotOutput) break;
     hatchBar(s, bar, color);
     return true;
+  case DeviceFamily::kWindow:
+  case DeviceFamily::kOpenGl:
   case DeviceFamily::kRaster:
     if (!s->raster.canvas) break;
     rasterRectangle(s, a.x, a.y, b.x, b.y, color);
     return true;
-  case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl: break;
   }
   return false;
 }

@@ -70,12 +70,12 @@ bool sendWidth(PlotState* s, float width, float sheetWidth) {
     if (!s->device.metafile) break;
     metafilePlotWidth(s, deviceRound(scaledWidth(s, width, 1.0F)));
     return s->line.hardwareLines;
+  case DeviceFamily::kWindow:
+  case DeviceFamily::kOpenGl:
   case DeviceFamily::kRaster:
     if (!s->raster.canvas) break;
     rasterWidth(s, width);
     return s->line.hardwareLines;
-  case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl:
   case DeviceFamily::kPltm:
   case DeviceFamily::kCgm:
   case DeviceFamily::kHpgl:
@@ -106,11 +106,11 @@ void sinkLineCap(PlotState* s, int cap) {
   case DeviceFamily::kPdf:
     if (PdfWriter* pdf = pdfDocument(s)) pdfPen(*pdf, static_cast<float>(cap), 0.0F, kPdfLineCap);
     break;
+  case DeviceFamily::kWindow:
+  case DeviceFamily::kOpenGl:
   case DeviceFamily::kRaster:
     if (s->raster.canvas) rasterEnds(s);
     break;
-  case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl:
   case DeviceFamily::kPltm:
   case DeviceFamily::kCgm:
   case DeviceFamily::kMetafile:
@@ -130,11 +130,11 @@ void sinkLineJoin(PlotState* s, int join) {
   case DeviceFamily::kPdf:
     if (PdfWriter* pdf = pdfDocument(s)) pdfPen(*pdf, static_cast<float>(join), 0.0F, kPdfLineJoin);
     break;
+  case DeviceFamily::kWindow:
+  case DeviceFamily::kOpenGl:
   case DeviceFamily::kRaster:
     if (s->raster.canvas) rasterEnds(s);
     break;
-  case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl:
   case DeviceFamily::kPltm:
   case DeviceFamily::kCgm:
   case DeviceFamily::kMetafile:
@@ -156,11 +156,11 @@ void sinkMiterLimit(PlotState* s, float miter) {
   case DeviceFamily::kPdf:
     if (PdfWriter* pdf = pdfDocument(s)) pdfPen(*pdf, miter, 0.0F, kPdfMiterLimit);
     break;
+  case DeviceFamily::kWindow:
+  case DeviceFamily::kOpenGl:
   case DeviceFamily::kRaster:
     if (s->raster.canvas) rasterEnds(s);
     break;
-  case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl:
   case DeviceFamily::kPltm:
   case DeviceFamily::kCgm:
   case DeviceFamily::kMetafile:
@@ -188,14 +188,14 @@ void sinkClip(PlotState* s, bool on, float x0, float y0, float x1, float y1) {
       pdfPen(*pdf, on ? 0.0F : 1.0F, 0.0F, kPdfClip);
     }
     break;
+  case DeviceFamily::kWindow:
+  case DeviceFamily::kOpenGl:
   case DeviceFamily::kRaster:
     if (s->raster.canvas) {
       const DevicePoint c = devicePoint(s, x0, y0), d = devicePoint(s, x1, y1);
       rasterClip(s, on, c.x, c.y, d.x, d.y);
     }
     break;
-  case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl:
   case DeviceFamily::kPltm:
   case DeviceFamily::kCgm:
   case DeviceFamily::kMetafile:

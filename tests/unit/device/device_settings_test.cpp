@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "quilla/quilla.h"
+#include "raster/canvas.h"
 
 namespace quilla {
 namespace {
@@ -194,20 +195,28 @@ TEST_F(Settings, NamesOfTheOpenPlot) {
   close();
 }
 
-TEST_F(Settings, DevicesWithoutADriverAreRefused) {
-  for (int number : {72, 80}) {
+// Where there is no display, windows are pictures in memory, and that is told once.
+TEST_F(Settings, WindowsWithoutADisplayAreInMemory) {
+  testing::internal::CaptureStderr();
+  for (int number : {72, 80, 81}) {
     s->level.plotLevel = kLevelPlot;
-    EXPECT_FALSE(open(number)) << number;
-    EXPECT_EQ(s->level.plotLevel, kLevelNone);
-    EXPECT_NE(takeMessages().find("Warning 161: Bad output device"), std::string::npos) << number;
-    // Nothing is open, and nothing breaks.
-    qqpen(s, 1, 1, kPenMove);
-    qqpen(s, 2, 2, kPenDraw);
+    EXPECT_TRUE(open(number)) << number;
+    ASSERT_NE(s->raster.canvas, nullptr);
+    EXPECT_EQ(s->raster.canvas->width, 853);
+    EXPECT_EQ(s->raster.canvas->height, 603);
     qqcolor(s, 5);
-    sinkLineWidth(s, 3);
-    sinkNewPage(s);
+    qqpen(s, 100, 100, kPenMove);
+    qqpen(s, 200, 100, kPenDraw);
+    sinkFlush(s);
+    const int x = static_cast<int>(150 * s->device.deviceScale),
+              y = static_cast<int>(100 * s->device.deviceScale + 0.5F);
+    EXPECT_EQ(readIndex(*s->raster.canvas, x, y), 5);
     sinkClose(s);
+    EXPECT_EQ(s->raster.canvas, nullptr);
   }
+  EXPECT_EQ(takeMessages(), "");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "QUILLA: there is no display, plots for windows are drawn in memory\n");
 }
 
 } // namespace
