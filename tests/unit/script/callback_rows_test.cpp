@@ -1,6 +1,7 @@
 // Rows that name routines of the script, with functions of the test in the library's place, and what the library then
 // calls.
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 
 #include "script/row_fixture.h"
@@ -13,7 +14,9 @@ class CallbackRows : public Rows {
 protected:
   void SetUp() override {
     Rows::SetUp();
-    setenv("QSL_PATH", testing::TempDir().c_str(), 1);
+    std::string pattern = testing::TempDir() + "quilla_callbacks_XXXXXX"; // tests run side by side
+    folder_ = std::string(mkdtemp(pattern.data())) + "/";
+    setenv("QSL_PATH", folder_.c_str(), 1);
     write("cb_show1", "SUBROUTINE CB_SHOW1(INT : I)\nPRINTL 'show', I\nEND\n");
     write("cb_show2", "SUBROUTINE CB_SHOW2(INT : I, INT : K)\nPRINTL 'show', I, K\nEND\n");
     write("cb_show3", "SUBROUTINE CB_SHOW3(INT : I, INT : K, INT : L)\nPRINTL 'show', I, K, L\nEND\n");
@@ -28,11 +31,14 @@ protected:
   }
   void TearDown() override {
     unsetenv("QSL_PATH");
+    std::filesystem::remove_all(folder_);
     Rows::TearDown();
   }
-  static void write(const std::string& name, const std::string& text) {
-    std::ofstream(testing::TempDir() + name + ".qsl") << "%QSL\n" << text;
+  void write(const std::string& name, const std::string& text) {
+    std::ofstream(folder_ + name + ".qsl") << "%QSL\n" << text;
   }
+  std::string folder_;
+
   template <typename Act> static std::string printed(Act act) {
     testing::internal::CaptureStdout();
     act();
@@ -176,7 +182,7 @@ TEST_F(CallbackRows, PieFromAScript) {
         "SUBROUTINE CB_FREE(I, X, P, N1, N2, R, L1, L2, L3, L4)\nEXTERN V, B\nPRINTL I, X, P\nV = 7\nB = 'x'\n"
         "QUIFIN()\nEND\n");
   const std::string refused =
-      " >>>> Routine not allowed in a callback: QUIFIN in record 7 (" + testing::TempDir() + "cb_free.qsl)\n";
+      " >>>> Routine not allowed in a callback: QUIFIN in record 7 (" + folder_ + "cb_free.qsl)\n";
   EXPECT_EQ(run("METAFL('PDF')\nSETFIL('/dev/null')\nQUIINI()\nUNIT(0)\nV = {1.0, 3.0}\nB = ' '\nLEGINI(B,2,4)\n"
                 "PIECBK('cb_free')\nPIEGRF(B,1,V,2)\nN = GETLEV()\nPRINTL N, V\nQUIFIN()\n"),
             "1 1.000000 25.000000 \n" + refused + "2 3.000000 75.000000 \n" + refused + "2 7 \n");
