@@ -12,13 +12,11 @@ namespace {
 
 class CallbackRows : public Rows {
 protected:
-  static inline std::string folder; // of this process: tests run side by side
-
   void SetUp() override {
     Rows::SetUp();
-    folder = (std::filesystem::temp_directory_path() / "quilla_rows_XXXXXX").string();
-    ASSERT_NE(mkdtemp(folder.data()), nullptr);
-    setenv("QSL_PATH", folder.c_str(), 1);
+    std::string pattern = testing::TempDir() + "quilla_callbacks_XXXXXX"; // tests run side by side
+    folder_ = std::string(mkdtemp(pattern.data())) + "/";
+    setenv("QSL_PATH", folder_.c_str(), 1);
     write("cb_show1", "SUBROUTINE CB_SHOW1(INT : I)\nPRINTL 'show', I\nEND\n");
     write("cb_show2", "SUBROUTINE CB_SHOW2(INT : I, INT : K)\nPRINTL 'show', I, K\nEND\n");
     write("cb_show3", "SUBROUTINE CB_SHOW3(INT : I, INT : K, INT : L)\nPRINTL 'show', I, K, L\nEND\n");
@@ -33,12 +31,14 @@ protected:
   }
   void TearDown() override {
     unsetenv("QSL_PATH");
-    std::filesystem::remove_all(folder);
+    std::filesystem::remove_all(folder_);
     Rows::TearDown();
   }
-  static void write(const std::string& name, const std::string& text) {
-    std::ofstream(folder + "/" + name + ".qsl") << "%QSL\n" << text;
+  void write(const std::string& name, const std::string& text) {
+    std::ofstream(folder_ + name + ".qsl") << "%QSL\n" << text;
   }
+  std::string folder_;
+
   template <typename Act> static std::string printed(Act act) {
     testing::internal::CaptureStdout();
     act();
@@ -182,7 +182,7 @@ TEST_F(CallbackRows, PieFromAScript) {
         "SUBROUTINE CB_FREE(I, X, P, N1, N2, R, L1, L2, L3, L4)\nEXTERN V, B\nPRINTL I, X, P\nV = 7\nB = 'x'\n"
         "QUIFIN()\nEND\n");
   const std::string refused =
-      " >>>> Routine not allowed in a callback: QUIFIN in record 7 (" + folder + "/cb_free.qsl)\n";
+      " >>>> Routine not allowed in a callback: QUIFIN in record 7 (" + folder_ + "cb_free.qsl)\n";
   EXPECT_EQ(run("METAFL('PDF')\nSETFIL('/dev/null')\nQUIINI()\nUNIT(0)\nV = {1.0, 3.0}\nB = ' '\nLEGINI(B,2,4)\n"
                 "PIECBK('cb_free')\nPIEGRF(B,1,V,2)\nN = GETLEV()\nPRINTL N, V\nQUIFIN()\n"),
             "1 1.000000 25.000000 \n" + refused + "2 3.000000 75.000000 \n" + refused + "2 7 \n");

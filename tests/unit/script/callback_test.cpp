@@ -1,5 +1,6 @@
 // Script routines that the library calls in the middle of a statement.
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 
 #include "script/script_fixture.h"
@@ -13,7 +14,9 @@ class Callbacks : public Script {
 protected:
   void SetUp() override {
     Script::SetUp();
-    setenv("QSL_PATH", testing::TempDir().c_str(), 1);
+    std::string pattern = testing::TempDir() + "quilla_callback_XXXXXX"; // tests run side by side
+    folder_ = std::string(mkdtemp(pattern.data())) + "/";
+    setenv("QSL_PATH", folder_.c_str(), 1);
     write("cb_double", "FUNCTION CB_DOUBLE(X)\nDO I = 1, 2\nY = X * I\nEND DO\nRETURN Y\nEND\n");
     write("cb_change",
           "SUBROUTINE CB_CHANGE(DOUBLE : X, N)\nX = X + N\nAGAIN:\nN = N - 1\nIF (N > 0) GOTO AGAIN\nEND\n");
@@ -21,11 +24,14 @@ protected:
   }
   void TearDown() override {
     unsetenv("QSL_PATH");
+    std::filesystem::remove_all(folder_);
     Script::TearDown();
   }
-  static void write(const std::string& name, const std::string& text) {
-    std::ofstream(testing::TempDir() + name + ".qsl") << "%QSL\n" << text;
+  void write(const std::string& name, const std::string& text) {
+    std::ofstream(folder_ + name + ".qsl") << "%QSL\n" << text;
   }
+  std::string folder_;
+
   // A place for the library's call: the stack of the statement that runs must survive it.
   static double doubled(double x) {
     ScriptValue value{};
@@ -94,7 +100,7 @@ TEST_F(Callbacks, Faults) {
   EXPECT_EQ(testing::internal::GetCapturedStdout(),
             " >>>> Open error in file cb_missing.qsl\n"
             " >>>> RETURN statement must return a floatingpoint value in record 3 (" +
-                testing::TempDir() + "cb_text.qsl)\n");
+                folder_ + "cb_text.qsl)\n");
   TearDownSource();
 }
 

@@ -1,4 +1,5 @@
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -8,7 +9,14 @@ using namespace qsl;
 
 namespace {
 
-std::string pathOf(const char* name) { return testing::TempDir() + name; }
+// A folder of its own: tests run side by side.
+struct Folder {
+  std::string pattern = testing::TempDir() + "quilla_files_XXXXXX";
+  std::string path = mkdtemp(pattern.data());
+  ~Folder() { std::filesystem::remove_all(path); }
+} folder;
+
+std::string pathOf(const char* name) { return folder.path + "/" + name; }
 
 void writeFile(const char* name, const std::string& text) { std::ofstream(pathOf(name), std::ios::binary) << text; }
 
