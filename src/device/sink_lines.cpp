@@ -97,14 +97,16 @@ bool sinkPenWidth(PlotState* s, float width) {
   return sendWidth(s, width, sheetPenWidth(s, width));
 }
 
-void sinkLineCap(PlotState* s, int cap) {
-  if (s->device.trace) traceNumber(s, "cap", cap);
+namespace {
+
+// Sends a cap or a join: the operator of PostScript, the code of PDF; rasters take both from the state.
+void sendEnds(PlotState* s, int value, void (*postScript)(PlotState*, int), int pdfCode) {
   switch (deviceFamily(s->deviceSetup.deviceNumber)) {
   case DeviceFamily::kPostScript:
-    if (s->device.postScript) psLineCap(s, cap);
+    if (s->device.postScript) postScript(s, value);
     break;
   case DeviceFamily::kPdf:
-    if (PdfWriter* pdf = pdfDocument(s)) pdfPen(*pdf, static_cast<float>(cap), 0.0F, kPdfLineCap);
+    if (PdfWriter* pdf = pdfDocument(s)) pdfPen(*pdf, static_cast<float>(value), 0.0F, pdfCode);
     break;
   case DeviceFamily::kWindow:
   case DeviceFamily::kOpenGl:
@@ -121,28 +123,16 @@ void sinkLineCap(PlotState* s, int cap) {
   }
 }
 
+} // namespace
+
+void sinkLineCap(PlotState* s, int cap) {
+  if (s->device.trace) traceNumber(s, "cap", cap);
+  sendEnds(s, cap, psLineCap, kPdfLineCap);
+}
+
 void sinkLineJoin(PlotState* s, int join) {
   if (s->device.trace) traceNumber(s, "join", join);
-  switch (deviceFamily(s->deviceSetup.deviceNumber)) {
-  case DeviceFamily::kPostScript:
-    if (s->device.postScript) psLineJoin(s, join);
-    break;
-  case DeviceFamily::kPdf:
-    if (PdfWriter* pdf = pdfDocument(s)) pdfPen(*pdf, static_cast<float>(join), 0.0F, kPdfLineJoin);
-    break;
-  case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl:
-  case DeviceFamily::kRaster:
-    if (s->raster.canvas) rasterEnds(s);
-    break;
-  case DeviceFamily::kPltm:
-  case DeviceFamily::kCgm:
-  case DeviceFamily::kMetafile:
-  case DeviceFamily::kHpgl:
-  case DeviceFamily::kJava:
-  case DeviceFamily::kSvg:
-  case DeviceFamily::kIpe: break;
-  }
+  sendEnds(s, join, psLineJoin, kPdfLineJoin);
 }
 
 void sinkMiterLimit(PlotState* s, float miter) {
