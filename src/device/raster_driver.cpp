@@ -63,7 +63,7 @@ RasterCanvas* makeRaster(PlotState* s, bool trueColour) {
     warnPlain(s, kNoMemory);
     return nullptr;
   }
-  s->raster.canvas->antialias = trueColour;
+  s->raster.canvas->antialias = trueColour && s->image.smoothLines;
   rasterPalette(s, 0, kColorTableSize - 1);
   rasterTransparentColor(s);
   return s->raster.canvas;

@@ -105,16 +105,9 @@ void drawFrame(PlotState* s) {
   if (a.frameColor >= 0) setColor(s, kept);
 }
 
-void fillBackground(PlotState* s) {
-  const AxisGroup& a = s->axis;
-  flushPath(s);
-  qqbar(s, static_cast<float>(a.axisPosX), static_cast<float>(s->scaling.axisTopY),
-        static_cast<float>(s->scaling.axisRightX), static_cast<float>(a.axisPosY), a.axisBackgroundColor);
-}
-
 void drawSystem(PlotState* s) {
   const AxisGroup& a = s->axis;
-  if (a.axisBackgroundColor >= 0) fillBackground(s);
+  fillSystemBackground(s);
   // Axes are solid, whatever the current line type is.
   KeptLineStyle kept = keepLineStyle(s);
   setLineType(s, 0);

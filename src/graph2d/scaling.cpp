@@ -185,15 +185,10 @@ void storeScale(PlotState* s, int axis, const AxisScale& scale) {
   }
 }
 
-namespace {
-
-// The value as the scaling counts it. One without a logarithm becomes that of NEGLOG.
 float scaled(const PlotState* s, int axis, float value) {
   if (s->axis.axisLogScale[axis] == 0) return value;
   return std::log10(value <= 0.0F && s->axis.negativeLogOn ? s->axis.negativeLogValue : value);
 }
-
-} // namespace
 
 float plotX(const PlotState* s, float x) {
   x = scaled(s, kAxisX, x);

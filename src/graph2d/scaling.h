@@ -19,6 +19,9 @@ AxisScale automaticScale(PlotState* s, int axis, int& digits);
 // Takes the scale into use: factors, origin and the limits of user values.
 void storeScale(PlotState* s, int axis, const AxisScale& scale);
 
+// The value as the scaling counts it. One without a logarithm becomes that of NEGLOG, or no number.
+float scaled(const PlotState* s, int axis, float value);
+
 // Plot coordinates of user values, counted from the top of the page, ORIGIN not included.
 float plotX(const PlotState* s, float x);
 float plotY(const PlotState* s, float y);
