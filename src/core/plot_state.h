@@ -12,6 +12,7 @@
 #include "core/shield_group.h"
 #include "core/window_group.h"
 #include "device/device_group.h"
+#include "device/screen_group.h"
 #include "graph2d/area_group.h"
 #include "graph2d/axis_group.h"
 #include "graph2d/bar_group.h"
@@ -61,6 +62,7 @@ struct PlotState {
   BarGroup bar;
   PieGroup pie;
   ImageGroup image;
+  ScreenGroup window;
 
   // Working state.
   MessageStreams streams;
@@ -68,6 +70,7 @@ struct PlotState {
   ColorState colorState;
   DeviceGroup device;
   RasterState raster;
+  ScreenLayer screen;
   DashState dash;
   PathState path;
   ClipGroup clip;

@@ -6,6 +6,7 @@
 #include "core/page.h"
 #include "core/pipeline.h"
 #include "device/device_table.h"
+#include "device/screen.h"
 #include "device/sink.h"
 #include "quilla/quilla.h"
 #include "run/default_settings.h"
@@ -114,6 +115,7 @@ void QUIFIN(void) {
   s->level.plotLevel = kLevelNone;
   s->counters.runFinished = 1;
   endProtocol(s);
+  releaseScreen(s);
 }
 
 int GETLEV(void) {

@@ -414,7 +414,9 @@ constexpr ResetRow kResetRows[] = {
     {"WIND", [](PlotState* s, const Defaults&) {
      s->windowSetup.windowPlacementMode = kWindowDefault;
    }},
-    {"WINM", nullptr},
+    {"WINM", [](PlotState* s, const Defaults&) {
+     s->window.endWanted = kEndFull;
+   }},
     {"WINS", [](PlotState* s, const Defaults&) {
      s->windowSetup.windowPlacementMode = kWindowDefault;
    }},

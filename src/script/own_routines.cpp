@@ -72,6 +72,14 @@ void run_spline(const Call&) {
   for (float* array : arrays) std::free(array);
 }
 
+// Variables that stand for the position receive it.
+void run_csrpos(const Call& call) {
+  int place[] = {operand_value(0).value.i, operand_value(1).value.i};
+  set_int(*call.result, CSRPOS(&place[0], &place[1]));
+  for (int k = 0; k < 2; ++k)
+    if (operand_variable(k) >= 0) write_int_output(operand_variable(k), place[k]);
+}
+
 // The statements of the file come next, as after INCLUDE.
 void run_incqsl(const Call&) {
   char name[kFileNameLength + 1];

@@ -47,8 +47,8 @@ constexpr RoutineRow kValueRoutines[kValueRoutineCount] = {
     // Result INT
     bound<"BITSI4", "I,I,I,I,I", BITSI4>(),
     bound<"CLOSFL", "I", CLOSFL>(),
-    absent("CSRKEY", ""),
-    absent("CSRPOS", "I,I"),
+    bound<"CSRKEY", "", CSRKEY>(),
+    own("CSRPOS", "I,I", run_csrpos),
     absent("DBFINI", ""),
     absent("DWGBUT", "S,I"),
     absent("DWGERR", ""),
@@ -76,7 +76,7 @@ constexpr RoutineRow kValueRoutines[kValueRoutineCount] = {
     bound<"GETTYP", "", GETTYP>(),
     own("GETUNI", "", run_getuni),
     absent("GETWID", ""),
-    absent("GETXID", "S"),
+    bound<"GETXID", "S", GETXID>(),
     bound<"GMXALF", "S,U,U", GMXALF>(),
     absent("GWGATT", "I,S"),
     absent("GWGBOX", "I"),
@@ -138,7 +138,7 @@ constexpr RoutineRow kValueRoutines[kValueRoutineCount] = {
     absent("WGSTXT", "I,I,I"),
     absent("WGTBL", "I,I,I"),
     absent("WGTXT", "I,S"),
-    absent("WINID", ""),
+    bound<"WINID", "", WINID>(),
     bound<"WRITFL", "I,AR,I", WRITFL>(counted_bytes(2, 3)),
     absent("ZBFINI", ""),
 };
