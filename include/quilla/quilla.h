@@ -139,7 +139,10 @@ int WINID(void);                      /* number of the current window */
 void WINTIT(const char* title);       /* title of the current window */
 void WINICO(const char* file);        /* its icon, a PNG file; message 56 if it cannot be loaded */
 void PAGWIN(int nw, int nh);          /* setter: size in pixels of the picture of windows that scroll */
-void WINTYP(const char* type);        /* 0: "STAN", "POPU": without a frame; default "STAN" */
+/* key "SIZE": routine for a window that the user has resized; its number, page width and height in plot units, window
+ * width and height in pixels; a null pointer ends it */
+void WINCBK(void (*routine)(int window, int nxp, int nyp, int nw, int nh), const char* key);
+void WINTYP(const char* type); /* 0: "STAN", "POPU": without a frame; default "STAN" */
 /* setter: what QUIFIN does: "FULL" waits for the right button or the end of the window, "NOER", "NONE" leaves it open
  * for the next plot, "NOHO" closes it, "DELA" after a time, "NOMB" waits for a key only; default "FULL" */
 void WINMOD(const char* mode);

@@ -96,6 +96,11 @@ void WINICO(const char* file) {
   if (handle && !system->setIcon(handle, file)) warnWithText(s, kBadDevice, "Icon file could not be loaded");
 }
 
+void WINCBK(void (*routine)(int, int, int, int, int), const char* key) {
+  PlotState* s = strictCheck(1, 3, "wincbk");
+  if (s && matchKeyword(s, "SIZE", 1, key)) s->screen.resized = routine;
+}
+
 void WINTYP(const char* type) {
   PlotState* s = strictCheck(0, 0, "wintyp");
   if (!s) return;

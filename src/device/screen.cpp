@@ -246,8 +246,10 @@ void freeScreen(PlotState* s) {
   for (WindowRecord& record : s->screen.windows)
     if (record.open) closeRecord(record);
   const int lastKey = s->screen.lastKey;
+  const WindowCallback resized = s->screen.resized;
   s->screen = ScreenLayer{};
   s->screen.lastKey = lastKey;
+  s->screen.resized = resized;
 }
 
 } // namespace quilla

@@ -66,6 +66,10 @@ struct CursorState {
   int startX = 0, startY = 0; // of a rubber band
 };
 
+// The host's routine for windows that the user has resized (WINCBK): window number, page width and
+// height in plot units, width and height of the window in pixels.
+using WindowCallback = void (*)(int window, int pageWidth, int pageHeight, int width, int height);
+
 // From the first window to the end of the last one.
 struct ScreenLayer {
   WindowRecord windows[kPlotWindows];
@@ -74,7 +78,8 @@ struct ScreenLayer {
   bool waiting = false;     // at QUIFIN
   bool waitingPage = false; // at NEWPAG
   bool quit = false;        // the wait is over
-  int lastKey = 0;          // WindowKey, kMouseKey, kMouseEndKey, or the character
+  WindowCallback resized = nullptr;
+  int lastKey = 0; // WindowKey, kMouseKey, kMouseEndKey, or the character
   CursorState cursor;
 };
 

@@ -167,6 +167,9 @@ void handleEvent(PlotState* s, const WindowEvent& e) {
     if (here) mouseMoved(s, e);
     break;
   case WindowEventKind::kKey: keyPressed(layer, e.key); break;
+  case WindowEventKind::kResize:
+    if (layer.resized) layer.resized(index + 1, s->geometry.pageWidth + 1, s->geometry.pageHeight + 1, e.x, e.y);
+    break;
   case WindowEventKind::kCharacter:
     layer.lastKey = e.key;
     if (layer.cursor.mode == kCursorPosition) layer.cursor.done = true;

@@ -625,7 +625,7 @@ constexpr RoutineRow kRoutines[kRoutineCount] = {
     absent("WGFIN", ""),
     absent("WIDBAR", "I"),
     bound<"WIMAGE", "S", WIMAGE>(),
-    absent("WINCBK", "S,S"),
+    own("WINCBK", "S,S", run_wincbk<WINCBK>),
     bound<"WINDBR", "X,I,I,I,X", WINDBR>(),
     bound<"WINDOW", "I,I,I,I", WINDOW>(),
     absent("WINFNT", "S"),

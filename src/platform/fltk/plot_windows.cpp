@@ -114,14 +114,26 @@ struct Picture : Fl_Widget {
   int handle(int event) override { return take(event) ? 1 : Fl_Widget::handle(event); }
 };
 
+// A frame that tells its new size.
+struct Frame : Fl_Double_Window {
+  int number;
+  Frame(int windowNumber, const WindowWish& wish)
+      : Fl_Double_Window(wish.x, wish.y, wish.width, wish.height), number(windowNumber) {}
+  void resize(int nx, int ny, int nw, int nh) override {
+    const bool other = nw != w() || nh != h();
+    Fl_Double_Window::resize(nx, ny, nw, nh);
+    if (other && shown()) put({WindowEventKind::kResize, number, nw, nh, 0, 0});
+  }
+};
+
 struct PlotWindow {
-  Fl_Double_Window frame;
+  Frame frame;
   Fl_Scroll scroll;
   Picture picture;
   std::string title;
 
   PlotWindow(int handle, const WindowWish& wish)
-      : frame(wish.x, wish.y, wish.width, wish.height), scroll(0, 0, wish.width, wish.height),
+      : frame(handle, wish), scroll(0, 0, wish.width, wish.height),
         picture(handle, wish.pictureWidth, wish.pictureHeight), title(wish.title) {
     scroll.add(picture);
     scroll.box(FL_FLAT_BOX);

@@ -423,6 +423,15 @@ TEST_F(Windows, ThePositionComesWithItsKey) {
   WINMOD("NOHOLD");
 }
 
+TEST_F(Windows, AResizedWindowIsTold) {
+  static std::vector<int> told;
+  openWindow();
+  WINCBK([](int n, int nxp, int nyp, int nw, int nh) { told = {n, nxp, nyp, nw, nh}; }, "SIZE");
+  desk.events = {{WindowEventKind::kResize, 1, 700, 500, 0, 0}, closing(1)};
+  QUIFIN();
+  EXPECT_EQ(told, (std::vector<int>{1, 2970, 2100, 700, 500}));
+}
+
 TEST_F(Windows, TheScreenIsAsked) {
   int w = 0, h = 0;
   GETSCR(&w, &h);
