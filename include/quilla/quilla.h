@@ -680,6 +680,21 @@ int SKIPFL(int number, int n);                    /* any: moves by n bytes; 0, o
 int TELLFL(int number);                           /* any: position, from 0; -1 after a warning */
 int POSIFL(int number, int position);             /* any: moves to a position; 0, or -1 */
 
+/* ---- FITS files: any level, one file at a time; failures are told and give negative results -------------------- */
+
+int FITSOPN(const char* name); /* opens and reads the first header: 0; messages 195 to 198 */
+void FITSCLS(void);            /* closes; message 199 */
+/* makes header and data unit n, from 1, current: 0 primary, 1 image, 2 table, 3 binary table; 196 to 199, 201 */
+int FITSHDU(int n);
+int FITSVAL(const char* key);    /* value of an integer keyword, 1 or 0 of a logical one; -1: 199, 200, 201 */
+double FITSFLT(const char* key); /* value of an integer or real keyword; -1 */
+/* 0 integer, 1 real, 2 empty string, 3 string, 4 true, 5 false, 6 and 7 complex integer and real, 8 nothing, 9 no value
+ */
+int FITSTYP(const char* key);
+void FITSSTR(const char* key, char* text, int size); /* a string, doubled quotes as one; 204 if it is cut */
+/* copies the data as they stand, big-endian, and gives their bytes; size 0 only asks; 199, 201, 202 */
+int FITSIMG(unsigned char* data, int size);
+
 #ifdef __cplusplus
 }
 #endif

@@ -19,6 +19,7 @@
 #include "graph2d/curve_group.h"
 #include "graph2d/legend_group.h"
 #include "graph2d/pie_group.h"
+#include "image/fits_group.h"
 #include "raster/raster_group.h"
 #include "run/quick_group.h"
 #include "text/text_group.h"
@@ -40,6 +41,7 @@ struct PlotState {
   DateSetup dateSetup;
   WidgetSetup widgetSetup;
   UserFiles userFiles;
+  FitsState fits;
   RasterSetup rasterSetup;
   QuickSetup quickSetup;
 

@@ -16,6 +16,10 @@
 
 namespace qsl {
 
+namespace {
+constexpr int kFitsText = 81; // a string of a card is shorter
+} // namespace
+
 bool is_array_to_fill(int k, std::int64_t wanted, const char* kind, const char* routine) {
   const bool is_variable = operand_variable(k) >= 0;
   if (is_variable && operand_value(k).count >= wanted) return true;
@@ -149,6 +153,12 @@ void run_grafr(const Call&) {
 }
 
 // Streams are numbers to a script: 0 none, 6 the standard output, 17 the error file.
+void run_fitsstr(const Call& call) {
+  char text[kFitsText] = "";
+  FITSSTR(text_of(operand_value(0)), text, kFitsText);
+  set_string(*call.result, text);
+}
+
 void run_getuni(const Call& call) {
   constexpr int kConsole = 6, kErrorFile = 17;
   const FILE* stream = GETUNI();

@@ -149,7 +149,7 @@ constexpr RoutineRow kRoutines[kRoutineCount] = {
     bound<"FILMOD", "S", FILMOD>(),
     bound<"FILOPT", "S,S", FILOPT>(),
     bound<"FILWIN", "I,I,I,I", FILWIN>(),
-    absent("FITSCLS", ""),
+    bound<"FITSCLS", "", FITSCLS>(),
     bound<"FIXSPC", "X", FIXSPC>(),
     absent("FLAB3D", ""),
     bound<"FRAME", "I", FRAME>(),
