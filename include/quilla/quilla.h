@@ -507,7 +507,7 @@ void BAROPT(float depth,
             float angle); /* setter: 3-D bars; depth in plot units, negative: the width of a bar; default -1, 45 */
 /* Labels of bars: LABELS "NONE", "SECO", "FIRS", "MAXI", "MINI", "DELT", "POSI"; LABPOS "AUTO", "INSI", "OUTS", "LEFT",
  * "ABOV", "RIGH", "BELO", "CENT"; LABDIG; LABCLR; each with "BARS" in place of the axis string. */
-void LABCLR(int color, const char* chart); /* setter: "BARS", "PIE" */
+void LABCLR(int color, const char* chart); /* setter: "BARS", "PIE", "CONTOUR" */
 void PATCYC(int i, int pattern);           /* setter: pattern of a set of attributes; i 1..30 */
 
 /* ---- Pies ------------------------------------------------------------------------------------------------------ */
@@ -536,6 +536,34 @@ void PIELAB(const char* text, const char* key); /* setter: up to 20 characters, 
  * of the label. Null: none. */
 void PIECBK(void (*routine)(int segment, float value, float percent, int* pattern, int* color, float* exploded,
                             int* labelMode, int* labelPlace, int* labelJustify, int* labelColor));
+
+/* ---- Contour lines --------------------------------------------------------------------------------------------- */
+
+/* 2, 3: the lines on which a function has the value of a level. z holds n * m values, the Y index fastest: that at
+ * x[i], y[j] is z[i * m + j]. In a cell that leaves a choice the mean of its corners decides. Positive coordinates on
+ * logarithmic axes, else message 27. Each call counts as a curve for legends; THKCRV and the line type hold. */
+void CONTUR(const float* x, int n, const float* y, int m, const float* z, float level);
+/* 2, 3: the same on a curvilinear grid: x and y are matrices as z; messages tell of "contur" */
+void CONTUR2(const float* x, const float* y, const float* z, int n, int m, float level);
+/* 2, 3: the same on a grid in equal steps over the axis system or the limits of SURSZE; n, m at least 2 */
+void CONMAT(const float* z, int n, int m, float level);
+/* 2, 3: a line that is known, drawn and labelled as a contour line; text runs at angle 0 afterwards */
+void CONCRV(const float* x, const float* y, int n, float level);
+/* any: the points of contour lines in user coordinates, line after line; nray: points of each line, ncurvs: lines.
+ * Messages 116 and 117 if there are more than maxpts points or maxcrv lines. */
+void CONPTS(const float* x, int n, const float* y, int m, const float* z, float level, float* xpts, float* ypts,
+            int maxpts, int* nray, int maxcrv, int* ncurvs);
+/* Labels of contour lines: LABELS "NONE", "FLOAT", "CONLAB"; LABDIS plot units of line between two labels, 1..10000;
+ * LABDIG, -2: as many as the level needs; LABTYP "HORI" along the line, "VERT" across it; LABCLR; each with "CONTOUR"
+ * in place of the axis string. */
+void CONLAB(const char* text); /* setter: text of labels, up to 20 characters */
+void CONGAP(float factor);     /* setter: free space on each side of a label, in character heights; default 0.5 */
+void CONMOD(float stretch,
+            float curvature); /* setter: line kept straight on each side of a label, in label widths, at least 0; and
+                                 greatest ratio of arc to chord of the line under it, above 1; default 0.5, 1.5 */
+void CONANG(float degrees);   /* setter: greatest turn of the line before a label, 0..360; default 5 */
+void SURSZE(float xa, float xe, float ya, float ye); /* setter: limits of grids told by their values alone; default
+                                                        those of the axis system; message 10 if a pair is equal */
 
 /* ---- Quick plots: a whole graph in one call; the plot is opened if there is none, and stays open ---------------- */
 

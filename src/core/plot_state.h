@@ -2,6 +2,7 @@
 // a group's member initialisers are its defaults, so that resetting assigns groups.
 #pragma once
 
+#include "contour/contour_group.h"
 #include "core/color_group.h"
 #include "core/file_group.h"
 #include "core/level_group.h"
@@ -17,6 +18,7 @@
 #include "graph2d/bar_group.h"
 #include "graph2d/curve_group.h"
 #include "graph2d/legend_group.h"
+#include "graph2d/matrix_group.h"
 #include "graph2d/pie_group.h"
 #include "raster/raster_group.h"
 #include "run/quick_group.h"
@@ -60,6 +62,8 @@ struct PlotState {
   LegendGroup legend;
   BarGroup bar;
   PieGroup pie;
+  MatrixGroup matrix;
+  ContourGroup contour;
   ImageGroup image;
 
   // Working state.

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "core/page.h"
 #include "core/pipeline.h"
 #include "core/stop_request.h"
 #include "graph2d/scaling.h"
@@ -168,6 +169,18 @@ void drawBars(PlotState* s, const CurveData& d, bool filled) {
 bool isDrawable(const PlotState* s, const CurveData& d, int i) {
   return s->curve.nanMode == 0 || (d.x[i] == d.x[i] && d.y[i] == d.y[i]);
 }
+
+int curvePasses(const PlotState* s) {
+  const int passes = roundHalfUp(static_cast<float>(s->curve.curveThickness) * s->pageSetup.unitFactor);
+  return passes > 1 ? passes : 1;
+}
+
+void beginCurvePass(PlotState* s, int pass) {
+  s->dash.lineGapSize = static_cast<float>(pass % 2 == 0 ? pass / 2 : -(pass / 2)) / s->pageSetup.unitFactor;
+  resetDash(s);
+}
+
+void endCurvePasses(PlotState* s) { s->dash.lineGapSize = 0.0F; }
 
 void drawCurveLine(PlotState* s, const CurveData& data) {
   switch (s->curve.curveMode) {

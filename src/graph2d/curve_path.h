@@ -14,6 +14,12 @@ struct CurveData {
 // the line while nanMode is on; so does a gap beyond the limits of GAPSIZ.
 void drawCurveLine(PlotState* s, const CurveData& data);
 
+// A thick curve is drawn several times, side by side: at 0, +1, -1, +2, -2, ... Passes count from 1; each begins with
+// the line pattern anew.
+int curvePasses(const PlotState* s);
+void beginCurvePass(PlotState* s, int pass);
+void endCurvePasses(PlotState* s);
+
 // The point is a number, as far as nanMode asks.
 bool isDrawable(const PlotState* s, const CurveData& data, int i);
 

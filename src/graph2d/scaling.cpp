@@ -185,6 +185,16 @@ void storeScale(PlotState* s, int axis, const AxisScale& scale) {
   }
 }
 
+bool logarithmsExist(PlotState* s, int axis, std::span<const float> values) {
+  if (s->axis.axisLogScale[axis] == 0 || s->axis.negativeLogOn) return true;
+  for (const float v : values) {
+    if (v > 0.0F || std::isnan(v)) continue;
+    warnPlain(s, 27);
+    return false;
+  }
+  return true;
+}
+
 namespace {
 
 // The value as the scaling counts it. One without a logarithm becomes that of NEGLOG.

@@ -1,6 +1,8 @@
 // Scaling of the open axis system: checks, automatic scaling, user values to plot coordinates and back.
 #pragma once
 
+#include <span>
+
 #include "core/plot_state.h"
 
 namespace quilla {
@@ -18,6 +20,9 @@ AxisScale automaticScale(PlotState* s, int axis, int& digits);
 
 // Takes the scale into use: factors, origin and the limits of user values.
 void storeScale(PlotState* s, int axis, const AxisScale& scale);
+
+// Every value has its place on the axis: on a logarithmic one it is positive, but for NEGLOG. False after message 27.
+bool logarithmsExist(PlotState* s, int axis, std::span<const float> values);
 
 // Plot coordinates of user values, counted from the top of the page, ORIGIN not included.
 float plotX(const PlotState* s, float x);

@@ -12,5 +12,6 @@ void applyDefaultSettings(PlotState* s);
 AxisGroup defaultAxisGroup(const PlotState* s);
 TextGroup defaultTextGroup(const PlotState* s);
 CurveGroup defaultCurveGroup(const PlotState* s);
+ContourGroup defaultContourGroup(const PlotState* s);
 
 } // namespace quilla

@@ -19,6 +19,7 @@ struct Defaults {
   AxisGroup axis;
   TextGroup text;
   CurveGroup curve;
+  ContourGroup contour;
 };
 
 template <class Field> void copyField(Field& target, const Field& source) {
@@ -152,8 +153,13 @@ constexpr ResetRow kResetRows[] = {
      s->color.colorRangeHigh = lastRangeEntry(s);
    }},
     {"CONC", nullptr},
-    {"CONG", nullptr},
-    {"CONM", nullptr},
+    {"CONG", [](PlotState* s, const Defaults& d) {
+     s->contour.contourGapFactor = d.contour.contourGapFactor;
+   }},
+    {"CONM", [](PlotState* s, const Defaults& d) {
+     s->contour.contourStretchFactor = d.contour.contourStretchFactor;
+     s->contour.contourCurvatureLimit = d.contour.contourCurvatureLimit;
+   }},
     {"DIGI", [](PlotState* s, const Defaults& d) {
      resetLabelDigits(s, d.axis);
    }},
@@ -198,12 +204,14 @@ constexpr ResetRow kResetRows[] = {
      resetLabelDigits(s, d.axis);
    }},
     {"LABC", [](PlotState* s, const Defaults&) {
-     s->bar.barLabelColor = s->pie.pieLabelColor = -1;
+     s->bar.barLabelColor = s->pie.pieLabelColor = s->contour.contourLabelColor = -1;
    }},
     {"LABD", [](PlotState* s, const Defaults& d) {
      resetLabelDigits(s, d.axis);
      s->bar.barLabelDigits = s->pie.pieDataDigits = s->pie.piePercentDigits = 1;
+     s->contour.contourLabelDigits = d.contour.contourLabelDigits;
      copyField(s->axis.labelDistance, d.axis.labelDistance);
+     s->contour.contourLabelDistance = d.contour.contourLabelDistance;
    }},
     {"LABE", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.labelKind, d.axis.labelKind);
@@ -211,6 +219,7 @@ constexpr ResetRow kResetRows[] = {
      copyField(s->axis.labelType, d.axis.labelType);
      s->bar.barLabelMode = kBarLabelNone;
      s->pie.pieLabelMode = kPieLabelNone;
+     s->contour.contourLabelMode = kContourLabelNone;
    }},
     {"LABJ", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.labelJustify, d.axis.labelJustify);
@@ -223,6 +232,7 @@ constexpr ResetRow kResetRows[] = {
     {"LABT", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.labelOrientation, d.axis.labelOrientation);
      s->pie.pieLabelJustify = kPieCentered;
+     s->contour.contourLabelAcross = false;
    }},
     {"LEGC", [](PlotState* s, const Defaults&) {
      s->legend.legendColorFromCurve = false;
@@ -371,7 +381,9 @@ constexpr ResetRow kResetRows[] = {
      s->curve.splinePoints = d.curve.splinePoints;
    }},
     {"SURC", nullptr},
-    {"SURS", nullptr},
+    {"SURS", [](PlotState* s, const Defaults&) {
+     s->matrix = MatrixGroup{};
+   }},
     {"SURV", nullptr},
     {"SYMR", [](PlotState* s, const Defaults&) {
      s->curve.symbolAngle = 0.0F;
@@ -427,7 +439,7 @@ void RESET(const char* name) {
     if (std::memcmp(row.name, key, 4) != 0) continue;
     // Before a plot there is nothing to keep: QUIINI sets everything to its default.
     if (s->level.plotLevel == kLevelNone || !row.restore) return;
-    Defaults defaults{defaultAxisGroup(s), defaultTextGroup(s), defaultCurveGroup(s)};
+    Defaults defaults{defaultAxisGroup(s), defaultTextGroup(s), defaultCurveGroup(s), defaultContourGroup(s)};
     flushPath(s);
     return row.restore(s, defaults);
   }
