@@ -573,6 +573,9 @@ void QPLCRV(const float* x, const float* y, int n,
             const char* place);     /* any: curves in one graph: "FIRS", "NEXT", "LAST" */
 void QPLBAR(const float* y, int n); /* any: bars at 1 to n */
 void QPLPIE(const float* x, int n); /* any: a pie */
+/* any: contour lines of n * m values, the Y index fastest, at 0, 1, ...; levels in equal steps from the least value to
+ * the greatest; n, m at least 2 */
+void QPLCON(const float* z, int n, int m, int levels);
 /* any: scaling of "X" or "Y" in later calls; "RESE": by the data again; default by the data */
 void QPLSCL(float a, float e, float first, float step, const char* axis);
 

@@ -374,7 +374,7 @@ constexpr RoutineRow kRoutines[kRoutineCount] = {
     absent("PYRA3D", "X,X,X,X,X,X,I"),
     bound<"QPLBAR", "FR,I", QPLBAR>(counted(1, 2)),
     absent("QPLCLR", "FR,I,I", counted(1, 2, 3)),
-    absent("QPLCON", "FR,I,I,I", counted(1, 2, 3)),
+    bound<"QPLCON", "FR,I,I,I", QPLCON>(counted(1, 2, 3)),
     bound<"QPLCRV", "FR,FR,I,S", QPLCRV>(counted(1, 3), counted(2, 3)),
     bound<"QPLOT", "FR,FR,I", QPLOT>(counted(1, 3), counted(2, 3)),
     bound<"QPLPIE", "FR,I", QPLPIE>(counted(1, 2)),
