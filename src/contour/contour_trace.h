@@ -2,6 +2,7 @@
 // leave a choice is settled by the mean of the four.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -179,14 +180,24 @@ template <class Grid, class Line> struct ContourWalk {
     for (int j = m - 2; j >= 0; j--) followIfCrossed(0, j + 1, 0, j);
   }
 
-  // Closed lines.
-  void followInside() {
-    for (int j = 1; j < grid.m - 1 && !stopRequested(); j++) {
-      bool lowBefore = !isHigh(grid.value(0, j));
-      for (int i = 1; i < grid.n; i++) {
-        const bool high = isHigh(grid.value(i, j));
-        if (high && lowBefore && !marks.test(i, j)) follow(grid.node(i - 1, j), grid.node(i, j));
-        lowBefore = !high;
+  // Closed lines, row by row. Values of a column lie side by side: a strip of rows is read along them, and a word for
+  // each column keeps the rows in which it rises over the level.
+  void followInside(std::uint64_t* rises) {
+    constexpr int kStrip = 64;
+    for (int first = 1; first < grid.m - 1 && !stopRequested(); first += kStrip) {
+      const int rows = std::min(kStrip, grid.m - 1 - first);
+      std::uint64_t before = ~std::uint64_t{0};
+      for (int i = 0; i < grid.n; i++) {
+        std::uint64_t high = 0;
+        for (int k = 0; k < rows; k++) high |= std::uint64_t{isHigh(grid.value(i, first + k))} << k;
+        rises[i] = high & ~before;
+        before = high;
+      }
+      for (int k = 0; k < rows; k++) {
+        const int j = first + k;
+        for (int i = 1; i < grid.n; i++) {
+          if ((rises[i] >> k & 1U) != 0 && !marks.test(i, j)) follow(grid.node(i - 1, j), grid.node(i, j));
+        }
       }
     }
   }
@@ -195,10 +206,11 @@ template <class Grid, class Line> struct ContourWalk {
 // All lines of a level. False if there is not enough memory.
 template <class Grid, class Line> bool traceLevel(const Grid& grid, float level, Line& line) {
   VisitedMarks marks;
-  if (!marks.create(grid.n, grid.m)) return false;
+  const std::unique_ptr<std::uint64_t[]> rises(new (std::nothrow) std::uint64_t[static_cast<std::size_t>(grid.n)]);
+  if (!rises || !marks.create(grid.n, grid.m)) return false;
   ContourWalk<Grid, Line> walk{grid, level, marks, line};
   walk.followFromBoundary();
-  walk.followInside();
+  walk.followInside(rises.get());
   return true;
 }
 
