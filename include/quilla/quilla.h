@@ -537,6 +537,54 @@ void PIELAB(const char* text, const char* key); /* setter: up to 20 characters, 
 void PIECBK(void (*routine)(int segment, float value, float percent, int* pattern, int* color, float* exploded,
                             int* labelMode, int* labelPlace, int* labelJustify, int* labelColor));
 
+/* ---- Colour graphs --------------------------------------------------------------------------------------------- */
+
+/* 1: as GRAF, with a scale of colours from za to ze over the range of COLRAN and a bar that shows it; enters level 3.
+ * The bar is as long as the side that it stands at, or as AX3LEN told. */
+void GRAF3(float xa, float xe, float xor_, float xstp, float ya, float ye, float yor, float ystp, float za, float ze,
+           float zor, float zstp);
+/* 3: paints n points in the colours of their values: rectangles of the size of SETRES, symbols or pixels (SHDMOD).
+ * Values below the scale have the colour of the background, those above it that of the foreground. Points outside the
+ * axes are left out. */
+void CURVE3(const float* x, const float* y, const float* z, int n);
+void CURVX3(const float* x, float y, const float* z, int n); /* 3: the same for points of one y */
+void CURVY3(float x, const float* y, const float* z, int n); /* 3: the same for points of one x */
+/* 3: paints the cells of a grid of n * m values, the Y index fastest, over the axis system or the limits of SURSZE.
+ * Each cell is cut into ixpts * iypts parts, which have the colour of their middle. n, m at least 2. */
+void CRVMAT(const float* z, int n, int m, int ixpts, int iypts);
+/* 3: fills quadrilaterals, every four points, each in the colour of its mean */
+void CRVQDR(const float* x, const float* y, const float* z, int n);
+/* 3: fills triangles, whose corners are told by their numbers from 1, with colours that run from corner to corner */
+void CRVTRI(const float* x, const float* y, const float* z, int n, const int* i1, const int* i2, const int* i3,
+            int ntri);
+void COLRAY(const float* z, int* colors, int n); /* 3: the colours of values */
+int NZPOSN(float z);                             /* 3: the colour of a value */
+/* 1..3: a bar of colours with its lower left corner at (nx, ny); it 0: labels to the right or below, 1: to the left or
+ * above; direction 0: upright, 1: level */
+void ZAXIS(float a, float e, float first, float step, int length, const char* name, int it, int direction, int nx,
+           int ny);
+/* 1..3: the same for a logarithmic scale, limits and step as exponents of ten */
+void ZAXLG(float a, float e, float first, float step, int length, const char* name, int it, int direction, int nx,
+           int ny);
+void NOBAR(void);                     /* setter: no bar of colours */
+void WIDBAR(int width);               /* setter: width of the bar, 0..10000; default 85 */
+void SPCBAR(int distance);            /* setter: distance of the bar from the axis system; default 85 */
+void VKXBAR(int shift);               /* setter: shift of the bar to the right; default 0 */
+void VKYBAR(int shift);               /* setter: shift of the bar downwards; default 0 */
+void POSBAR(const char* side);        /* setter: "RIGH", "LEFT", "TOP", "BOTT"; default "RIGH" */
+void JUSBAR(const char* mode);        /* setter: place along the side: "STAR", "CENT", "END"; default "STAR" */
+void FRMBAR(int lines);               /* setter: lines of the frame of the bar, outward if negative; default 1 */
+void NOBGD(void);                     /* setter: what has the colour of the background is not painted */
+void SETRES(int width, int height);   /* setter: size of the rectangles of CURVE3; default 1, 1 */
+void GETRES(int* width, int* height); /* 1..3: their size */
+/* 1..3: rectangles that fill the axis system with nx * ny points, 2..10000; negative: with cells side by side; 0, 0: as
+ * many as the matrix of CRVMAT has */
+void AUTRES(int nx, int ny);
+/* setter: for "SURF" "FLAT", "SMOO"; "CONT" "CELL", "POLY"; "CURV" "RECT", "SYMB", "PIXE", "2D", "3D"; "CELL" "BOTH",
+ * "UPPE", "LOWE", "NONE"; "COLO" "LOWE", "MIDD", "UPPE"; "CULL" "OFF", "ON", "FRON"; "SYMB" "2D", "3D"; "ZSCA" "ON",
+ * "OFF"; default the first of each */
+void SHDMOD(const char* value, const char* key);
+
 /* ---- Contour lines --------------------------------------------------------------------------------------------- */
 
 /* 2, 3: the lines on which a function has the value of a level. z holds n * m values, the Y index fastest: that at

@@ -16,6 +16,7 @@
 #include "graph2d/area_group.h"
 #include "graph2d/axis_group.h"
 #include "graph2d/bar_group.h"
+#include "graph2d/color_bar_group.h"
 #include "graph2d/curve_group.h"
 #include "graph2d/legend_group.h"
 #include "graph2d/matrix_group.h"
@@ -63,6 +64,9 @@ struct PlotState {
   BarGroup bar;
   PieGroup pie;
   MatrixGroup matrix;
+  ColorBarGroup colorBar;
+  ResolutionGroup resolution;
+  ShadeModeGroup shadeModes;
   ContourGroup contour;
   ImageGroup image;
 
@@ -77,6 +81,7 @@ struct PlotState {
   ClipGroup clip;
   TextState textState;
   ScalingState scaling;
+  ColorScaleState colorScale;
   CycleState cycle;
   LegendState legendState;
   BarState barState;

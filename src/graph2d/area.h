@@ -26,6 +26,9 @@ int visibleColor(const PlotState* s, int setting, int current, int fill);
 // Filled rectangle in a plain colour, corners included.
 void fillBox(PlotState* s, int x0, int y0, int x1, int y1, int color);
 
+// Rectangle between two corners in a plain colour, cut at the clip window.
+void fillCut(PlotState* s, float x0, float y0, float x1, float y1, int color);
+
 // Defaults of the settings: the pattern cycle begins with the predefined patterns.
 AreaGroup defaultAreaGroup();
 

@@ -28,7 +28,8 @@ template <class Action> void inColor(PlotState* s, int axis, int part, Action ac
   if (color >= 0) setColor(s, kept);
 }
 
-bool isUpright(const AxisPlace& p) { return p.axis == kAxisY; }
+bool isUprightSide(int side) { return side == kSideLeft || side == kSideRight; }
+bool isUpright(const AxisPlace& p) { return isUprightSide(p.side); }
 
 // 1 if outside of the axis is down or right, -1 if it is up or left.
 int outward(int side) { return side == kSideBottom || side == kSideRight ? 1 : -1; }
@@ -189,8 +190,8 @@ int tickRoom(const PlotState* s, int axis) {
 bool labelsVertical(const PlotState* s, int axis) { return s->axis.labelOrientation[axis] != 0; }
 
 // What the labels take away from the axis: their height or the length of the longest.
-int labelDepth(const PlotState* s, int axis, int longest) {
-  bool across = (axis == kAxisY) != labelsVertical(s, axis);
+int labelDepth(const PlotState* s, int axis, int side, int longest) {
+  bool across = isUprightSide(side) != labelsVertical(s, axis);
   return across ? longest : s->text.textHeight;
 }
 
@@ -315,21 +316,23 @@ void drawAxis(PlotState* s, const AxisPlace& p) {
   if (p.parts >= kPartLabels && s->axis.labelKind[p.axis] != kLabelNone) {
     int longest = longestLabel(s, p.axis);
     inColor(s, p.axis, kColorLabels, [&] { drawLabels(s, p, longest); });
-    away += s->axis.labelDistance[p.axis] + labelDepth(s, p.axis, longest);
+    away += s->axis.labelDistance[p.axis] + labelDepth(s, p.axis, p.side, longest);
   }
   if (p.parts >= kPartName) {
     inColor(s, p.axis, kColorName, [&] { drawName(s, p, away + s->axis.nameDistance[p.axis]); });
   }
 }
 
-int sideExtent(PlotState* s, int side) {
-  int axis = axisOfSide(side), parts = s->axis.axisPartDrawn[side], extent = 0;
+int axisExtent(PlotState* s, int axis, int side, int parts) {
+  int extent = 0;
   if (parts >= kPartTicks) extent += tickRoom(s, axis);
   if (parts >= kPartLabels && s->axis.labelKind[axis] != kLabelNone) {
-    extent += s->axis.labelDistance[axis] + labelDepth(s, axis, longestLabel(s, axis));
+    extent += s->axis.labelDistance[axis] + labelDepth(s, axis, side, longestLabel(s, axis));
   }
   if (parts >= kPartName && s->axis.axisName[axis][0]) extent += s->axis.nameDistance[axis] + s->axis.nameHeight;
   return extent;
 }
+
+int sideExtent(PlotState* s, int side) { return axisExtent(s, axisOfSide(side), side, s->axis.axisPartDrawn[side]); }
 
 } // namespace quilla

@@ -10,6 +10,7 @@
 #include "core/pipeline.h"
 #include "device/sink.h"
 #include "graph2d/axis_drawing.h"
+#include "graph2d/color_bar.h"
 #include "graph2d/legend.h"
 #include "graph2d/polar.h"
 #include "graph2d/scaling.h"
@@ -23,11 +24,7 @@ namespace {
 constexpr int kVisibleFrame = 2;
 
 bool takeScale(PlotState* s, int axis, AxisScale& scale) {
-  if (s->axis.autoScaled[axis]) {
-    int digits = 0;
-    scale = automaticScale(s, axis, digits);
-    if (!s->axis.labelDigitsGiven[axis]) s->axis.labelDigits[axis] = digits;
-  }
+  takeAutomaticScale(s, axis, scale);
   return checkScale(s, axis, scale) == 0;
 }
 
@@ -59,8 +56,9 @@ bool placeCrossing(PlotState* s, const AxisScale& x, const AxisScale& y) {
 // Moves the system so that it stands with labels, names and title in the middle of the page.
 void centerSystem(PlotState* s) {
   AxisGroup& a = s->axis;
-  int left = sideExtent(s, kSideLeft), right = sideExtent(s, kSideRight), bottom = sideExtent(s, kSideBottom);
-  int top = sideExtent(s, kSideTop), title = titleExtent(s);
+  auto room = [&](int side) { return sideExtent(s, side) + colorBarExtent(s, side); };
+  int left = room(kSideLeft), right = room(kSideRight), bottom = room(kSideBottom), top = room(kSideTop);
+  int title = titleExtent(s);
   if (title > top) top = title;
   int gapX = s->geometry.pageWidth - (left + a.axisLength[kAxisX] + right);
   int gapY = s->geometry.pageHeight - (top + a.axisLength[kAxisY] + bottom);
@@ -184,27 +182,31 @@ void gridLines(PlotState* s, int axis, int perStep) {
 
 } // namespace
 
-void GRAF(float xa, float xe, float xor_, float xstp, float ya, float ye, float yor, float ystp) {
-  PlotState* s = strictCheck(1, 1, "graf");
-  if (!s) return;
-  AxisScale x{xa, xe, xor_, xstp}, y{ya, ye, yor, ystp};
+bool quilla::openRectangularSystem(PlotState* s, AxisScale x, AxisScale y) {
   s->axis.axisSystemKind = kSystemRectangular;
   bool fineX = takeScale(s, kAxisX, x), fineY = takeScale(s, kAxisY, y);
-  if (!fineX || !fineY) return;
+  if (!fineX || !fineY) return false;
   if (s->axis.axisCrossed && (s->axis.axisLogScale[kAxisX] != 0 || s->axis.axisLogScale[kAxisY] != 0)) {
-    return warnWithText(s, 150, "Crossed axis systems must have linear scaling");
+    warnWithText(s, 150, "Crossed axis systems must have linear scaling");
+    return false;
   }
   s->level.plotLevel = kLevelAxis2D;
   storeScale(s, kAxisX, x);
   storeScale(s, kAxisY, y);
   if (s->axis.axisCrossed && !placeCrossing(s, x, y)) {
     s->level.plotLevel = kLevelPlot;
-    return;
+    return false;
   }
   if (s->axis.centerState == 1) centerSystem(s);
   storeAxisClip(s);
   if (!s->axis.noAxesDrawn) drawSystem(s);
   flushPath(s);
+  return true;
+}
+
+void GRAF(float xa, float xe, float xor_, float xstp, float ya, float ye, float yor, float ystp) {
+  PlotState* s = strictCheck(1, 1, "graf");
+  if (s) openRectangularSystem(s, {xa, xe, xor_, xstp}, {ya, ye, yor, ystp});
 }
 
 void ENDGRF(void) {
@@ -221,6 +223,7 @@ void ENDGRF(void) {
   resetCycle(s);
   forgetRecords(s);
   s->barState = BarState{};
+  s->colorScale.barOpen = false;
   s->curve.markerKind = 0;
   s->level.plotLevel = kLevelPlot;
 }

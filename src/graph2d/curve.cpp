@@ -31,24 +31,8 @@ bool fitsPolarSystems(int mode) {
   return mode == kCurveLine || mode == kCurveBars || mode == kCurveStem || mode == kCurveFilledBars;
 }
 
-void reportOutOfScale(PlotState* s, float x, float y) {
-  char text[64];
-  std::snprintf(text, sizeof text, "(%12.4e /%12.4e) out of axis scaling", static_cast<double>(x),
-                static_cast<double>(y));
-  s->counters.outOfScaleCount++;
-  warnWithText(s, -1, text);
-}
-
-// Impedances lie in the right half plane; angles of a polar system count round the circle.
-bool isOutside(const PlotState* s, float x, float y) {
-  const ScalingState& c = s->scaling;
-  if (s->axis.axisSystemKind == kSystemRealImaginary) return x < 0.0F;
-  if (x < c.userMinX || x > c.userMaxX) return true;
-  return s->axis.axisSystemKind != kSystemPolar && (y < c.userMinY || y > c.userMaxY);
-}
-
 void checkPoints(PlotState* s, const CurveData& d) {
-  bool checked = s->message.dataCheckOn && s->message.messageUnit != kUnitNone;
+  bool checked = isDataChecked(s);
   if (!checked && s->curve.nanMode == 0) return;
   int nansBefore = s->counters.nanCount;
   for (int i = 0; i < d.n && !stopRequested(); i++) {

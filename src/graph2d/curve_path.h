@@ -20,6 +20,11 @@ int curvePasses(const PlotState* s);
 void beginCurvePass(PlotState* s, int pass);
 void endCurvePasses(PlotState* s);
 
+// Points outside the axes are looked for (NOCHEK, ERRMOD); such a point; its report and its count.
+bool isDataChecked(const PlotState* s);
+bool isOutside(const PlotState* s, float x, float y);
+void reportOutOfScale(PlotState* s, float x, float y);
+
 // The point is a number, as far as nanMode asks.
 bool isDrawable(const PlotState* s, const CurveData& data, int i);
 

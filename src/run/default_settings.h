@@ -13,5 +13,7 @@ AxisGroup defaultAxisGroup(const PlotState* s);
 TextGroup defaultTextGroup(const PlotState* s);
 CurveGroup defaultCurveGroup(const PlotState* s);
 ContourGroup defaultContourGroup(const PlotState* s);
+ColorBarGroup defaultColorBarGroup(const PlotState* s);
+ResolutionGroup defaultResolutionGroup(const PlotState* s);
 
 } // namespace quilla

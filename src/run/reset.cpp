@@ -75,8 +75,12 @@ constexpr ResetRow kResetRows[] = {
     {"ANGL", [](PlotState* s, const Defaults&) {
      setTextAngle(s, 0);
    }},
-    {"AUTR", nullptr},
-    {"AX3L", nullptr},
+    {"AUTR", [](PlotState* s, const Defaults&) {
+     s->resolution.autoResolution = kResolutionGiven;
+   }},
+    {"AX3L", [](PlotState* s, const Defaults& d) {
+     copyField(s->axis.axisLength, d.axis.axisLength);
+   }},
     {"AXCL", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.axisColors, d.axis.axisColors);
    }},
@@ -280,8 +284,12 @@ constexpr ResetRow kResetRows[] = {
     {"NOAR", [](PlotState* s, const Defaults&) {
      s->area.outlinesDrawn = true;
    }},
-    {"NOBA", nullptr},
-    {"NOBG", nullptr},
+    {"NOBA", [](PlotState* s, const Defaults&) {
+     s->colorBar.barHidden = false;
+   }},
+    {"NOBG", [](PlotState* s, const Defaults&) {
+     s->shadeModes.backgroundLeftOut = false;
+   }},
     {"NOCH", [](PlotState* s, const Defaults&) {
      s->message.dataCheckOn = true;
    }},
@@ -358,7 +366,9 @@ constexpr ResetRow kResetRows[] = {
     {"SETM", [](PlotState* s, const Defaults& d) {
      resetMixCharacters(s, d.text);
    }},
-    {"SETR", nullptr},
+    {"SETR", [](PlotState* s, const Defaults&) {
+     s->resolution = defaultResolutionGroup(s);
+   }},
     {"SETS", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.autoScaled, d.axis.autoScaled);
    }},
@@ -411,12 +421,18 @@ constexpr ResetRow kResetRows[] = {
      s->streams.messageStream = s->streams.errorFileStream;
    }},
     {"VIEW", nullptr},
-    {"VKXB", nullptr},
-    {"VKYB", nullptr},
+    {"VKXB", [](PlotState* s, const Defaults&) {
+     s->colorBar.barShiftX = 0;
+   }},
+    {"VKYB", [](PlotState* s, const Defaults&) {
+     s->colorBar.barShiftY = 0;
+   }},
     {"VKYT", [](PlotState* s, const Defaults&) {
      s->axis.titleDistance = 0;
    }},
-    {"WIDB", nullptr},
+    {"WIDB", [](PlotState* s, const Defaults&) {
+     s->colorBar.barWidth = defaultColorBarGroup(s).barWidth;
+   }},
     {"WIND", [](PlotState* s, const Defaults&) {
      s->windowSetup.windowPlacementMode = kWindowDefault;
    }},

@@ -102,7 +102,7 @@ constexpr RoutineRow kValueRoutines[kValueRoutineCount] = {
     own("NYLEGN", "S", run_nylegn),
     bound<"NYPIXL", "I,I", NYPIXL>(),
     bound<"NYPOSN", "X", NYPOSN>(),
-    absent("NZPOSN", "X"),
+    bound<"NZPOSN", "X", NZPOSN>(),
     own("OPENFL", "S,I,I", run_openfl),
     bound<"PDFBUF", "AR,I", PDFBUF>(counted(1, 2)),
     bound<"POSIFL", "I,I", POSIFL>(),
