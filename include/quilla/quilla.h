@@ -390,6 +390,7 @@ float Y2DPOS(float x, float y);
 float XINVRS(int nx); /* 2, 3: user value of a plot coordinate */
 float YINVRS(int ny);
 
+void BOX2D(void); /* 1..3: the border of the axis system */
 void XAXIS(float a, float e, float first, float step, int length, const char* name, int it, int nx, int ny);
 /* 1..3: an axis with its start at (nx, ny); it 0: labels below, 1: above */
 void YAXIS(float a, float e, float first, float step, int length, const char* name, int it, int nx, int ny);
@@ -624,6 +625,7 @@ void QPLPIE(const float* x, int n); /* any: a pie */
 /* any: contour lines of n * m values, the Y index fastest, at 0, 1, ...; levels in equal steps from the least value to
  * the greatest; n, m at least 2 */
 void QPLCON(const float* z, int n, int m, int levels);
+void QPLCLR(const float* z, int n, int m); /* any: the cells of such a matrix in colours; n, m at least 2 */
 /* any: scaling of "X" or "Y" in later calls; "RESE": by the data again; default by the data */
 void QPLSCL(float a, float e, float first, float step, const char* axis);
 

@@ -86,20 +86,25 @@ void drawCrossed(PlotState* s) {
   drawAxis(s, {kAxisY, kSideLeft, a.axisCrossX, a.axisPosY, a.axisPartDrawn[kSideLeft], true});
 }
 
+// The border of the axis system, so many plot units outside it.
+void drawBorder(PlotState* s, int outside) {
+  const AxisGroup& a = s->axis;
+  const float x0 = static_cast<float>(a.axisPosX - outside), y0 = static_cast<float>(a.axisPosY + outside);
+  const float x1 = static_cast<float>(a.axisPosX - 1 + a.axisLength[kAxisX] + outside);
+  const float y1 = static_cast<float>(a.axisPosY + 1 - a.axisLength[kAxisY] - outside);
+  penMove(s, x0, y0);
+  penDraw(s, x1, y0);
+  penDraw(s, x1, y1);
+  penDraw(s, x0, y1);
+  penDraw(s, x0, y0);
+}
+
 void drawFrame(PlotState* s) {
   const AxisGroup& a = s->axis;
   int kept = s->color.currentColor;
   if (a.frameColor >= 0) setColor(s, a.frameColor);
   int lines = a.frameThickness < s->geometry.pageWidth ? a.frameThickness : s->geometry.pageWidth;
-  for (int i = 0; i < lines; i++) {
-    float x0 = static_cast<float>(a.axisPosX - i), y0 = static_cast<float>(a.axisPosY + i);
-    float x1 = static_cast<float>(s->scaling.axisRightX + i), y1 = static_cast<float>(s->scaling.axisTopY - i);
-    penMove(s, x0, y0);
-    penDraw(s, x1, y0);
-    penDraw(s, x1, y1);
-    penDraw(s, x0, y1);
-    penDraw(s, x0, y0);
-  }
+  for (int i = 0; i < lines; i++) drawBorder(s, i);
   if (a.frameColor >= 0) setColor(s, kept);
 }
 
@@ -239,6 +244,13 @@ void GRID(int nx, int ny) {
   gridLines(s, kAxisX, nx);
   gridLines(s, kAxisY, ny);
   axisClipOff(s);
+}
+
+void BOX2D(void) {
+  PlotState* s = strictCheck(1, 3, "box2d");
+  if (!s) return;
+  drawBorder(s, 0);
+  flushPath(s);
 }
 
 void CROSS(void) { originLines("cross", true, true, kLineWithTicks); }

@@ -153,6 +153,27 @@ void QPLCON(const float* z, int n, int m, int levels) {
   SENDBF();
 }
 
+void QPLCLR(const float* z, int n, int m) {
+  PlotState* s = strictCheck(0, 3, "qplclr");
+  if (!s || checkRange(s, n, 2, -1) || checkRange(s, m, 2, -1)) return;
+  s = beginQuickPlot("qplclr", n);
+  if (!s) return;
+  const float endX[2] = {0.0F, static_cast<float>(n - 1)}, endY[2] = {0.0F, static_cast<float>(m - 1)};
+  scaleAxis(s, 0, endX, 2, NAN);
+  scaleAxis(s, 1, endY, 2, NAN);
+  const ValueRange range = rangeOf({z, static_cast<std::size_t>(n) * static_cast<std::size_t>(m)});
+  const float endZ[2] = {range.low, range.high};
+  SETSCL(endZ, 2, "Z");
+  const float(&q)[2][4] = s->quickSetup.scale;
+  GRAF3(q[0][0], q[0][1], q[0][2], q[0][3], q[1][0], q[1][1], q[1][2], q[1][3], 0.0F, 0.0F, 0.0F, 0.0F);
+  TITLE();
+  const MatrixGroup kept = s->matrix;
+  SURSZE(endX[0], endX[1], endY[0], endY[1]);
+  CRVMAT(z, n, m, 1, 1);
+  s->matrix = kept;
+  SENDBF();
+}
+
 void QPLPIE(const float* x, int n) {
   if (!beginQuickPlot("qplpie", n)) return;
   PIEGRF("", 0, x, n);

@@ -1,6 +1,8 @@
 // Statements that draw a whole graph from arrays: the tokeniser stands behind the keyword.
 #pragma once
 
+#include <cstdint>
+
 namespace qsl {
 
 // Lowest and highest value.
@@ -11,8 +13,22 @@ struct DataRange {
 // PLOT and SCATTR.
 void run_plot(bool scatter);
 
-// CONTOUR.
 void run_contour();
+void run_plot3();
+void run_plot3r();
+void run_surf3();
+
+// A function z on nx by ny points, Y index fastest. What a statement leaves out lies in memory of the record, which
+// its owner frees.
+struct GridOperands {
+  const float *x = nullptr, *y = nullptr, *z = nullptr, *levels = nullptr;
+  std::int32_t nx = 0, ny = 0, level_count = 0;
+  float* memory = nullptr;
+};
+
+// The n operands z; z, x; z, x, y of a surface. Coordinates that are left out begin with first, in steps of 1. False
+// after a message.
+bool read_surface(int n, GridOperands& grid, float first, const char* statement);
 
 // Opens a plot or clears the open one, and ends an axis system.
 void begin_quick_plot();

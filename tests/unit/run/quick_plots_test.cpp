@@ -76,6 +76,17 @@ TEST_F(QuickPlots, ContourLinesCoverTheMatrix) {
   EXPECT_EQ(GETHGT(), 36);
 }
 
+TEST_F(QuickPlots, ColorsCoverTheMatrix) {
+  float z[12]; // 4 by 3, rising with x
+  for (int k = 0; k < 12; k++) z[k] = static_cast<float>(k / 3);
+  QPLCLR(z, 4, 3);
+  EXPECT_EQ(GETLEV(), 3);
+  expectAxis("X", 0, 3);
+  expectAxis("Y", 0, 2);
+  expectAxis("Z", 0, 3);
+  EXPECT_EQ(outputOf([&] { QPLCLR(z, 4, 1); }), " <<<< Warning 2: Incorrect parameter in qplclr!   (1)\n");
+}
+
 TEST_F(QuickPlots, ContourLinesNeedAMatrixAndALevel) {
   const float z[4] = {0, 1, 2, 3};
   EXPECT_EQ(outputOf([&] { QPLCON(z, 1, 4, 3); }), " <<<< Warning 2: Incorrect parameter in qplcon!   (1)\n");
