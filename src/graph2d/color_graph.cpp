@@ -1,4 +1,5 @@
-// Colour graphs: an axis system with a bar of colours, and points and matrices painted in the colours of their values.
+#include "graph2d/color_graph.h"
+
 #include <algorithm>
 #include <cmath>
 #include <memory>
@@ -20,17 +21,39 @@
 #include "graph2d/symbols.h"
 #include "quilla/quilla.h"
 
-using namespace quilla;
+namespace quilla {
 
-namespace {
-
-// At level 3 with an axis system of GRAF3. Null after a message.
 PlotState* colorGraph(const char* routine) {
   PlotState* s = strictCheck(3, 3, routine);
   if (!s || s->axis.axisSystemKind != kSystemBox) return s;
   warnPlain(s, 35);
   return nullptr;
 }
+
+Painter beginPainting(PlotState* s) {
+  const Painter painter{s, s->color.currentColor, s->internalCoordinates};
+  s->internalCoordinates = true;
+  axisClipOn(s);
+  return painter;
+}
+
+void endPainting(const Painter& painter) {
+  PlotState* s = painter.s;
+  flushPath(s);
+  axisClipOff(s);
+  useColor(s, painter.color);
+  s->internalCoordinates = painter.internal;
+}
+
+void useColor(PlotState* s, int color) {
+  if (s->color.currentColor != color) setColor(s, color);
+}
+
+} // namespace quilla
+
+using namespace quilla;
+
+namespace {
 
 // Size of rectangles that fill a length with n points on its ends and between them, or with -n of them side by side.
 int fillingSize(const PlotState* s, int length, int n) {
@@ -42,31 +65,6 @@ int fillingSize(const PlotState* s, int length, int n) {
 void takeResolution(PlotState* s, int nx, int ny) {
   s->resolution.cellWidth = fillingSize(s, s->axis.axisLength[kAxisX], nx);
   s->resolution.cellHeight = fillingSize(s, s->axis.axisLength[kAxisY], ny);
-}
-
-// What one call paints with: the colour and the clip are given back.
-struct Painter {
-  PlotState* s;
-  int color;
-  bool internal;
-};
-
-Painter beginPainting(PlotState* s) {
-  const Painter p{s, s->color.currentColor, s->internalCoordinates};
-  s->internalCoordinates = true;
-  axisClipOn(s);
-  return p;
-}
-
-void endPainting(const Painter& p) {
-  flushPath(p.s);
-  axisClipOff(p.s);
-  if (p.s->color.currentColor != p.color) setColor(p.s, p.color);
-  p.s->internalCoordinates = p.internal;
-}
-
-void useColor(PlotState* s, int color) {
-  if (s->color.currentColor != color) setColor(s, color);
 }
 
 bool isPixelDevice(const PlotState* s) {

@@ -7,6 +7,7 @@
 #include "core/messages.h"
 #include "core/pipeline.h"
 #include "core/stop_request.h"
+#include "graph2d/color_graph.h"
 #include "graph2d/color_scale.h"
 #include "graph2d/scaling.h"
 #include "quilla/quilla.h"
@@ -25,7 +26,7 @@ struct Vertex {
 
 void fillIn(PlotState* s, const float* x, const float* y, int n, int color) {
   if (color == kNoColor) return;
-  if (s->color.currentColor != color) setColor(s, color);
+  useColor(s, color);
   fillSolid(s, x, y, n);
 }
 
@@ -76,58 +77,42 @@ bool vertexOf(const PlotState* s, float x, float y, float z, Vertex& v) {
   return std::isfinite(p.x) && std::isfinite(p.y) && !std::isnan(place);
 }
 
-PlotState* beginTriangles(const char* routine) {
-  PlotState* s = strictCheck(3, 3, routine);
-  if (!s || s->axis.axisSystemKind != kSystemBox) return s;
-  warnPlain(s, 35);
-  return nullptr;
-}
-
-template <class Action> void paintClipped(PlotState* s, Action action) {
-  const int color = s->color.currentColor;
-  axisClipOn(s);
-  action();
-  flushPath(s);
-  axisClipOff(s);
-  if (s->color.currentColor != color) setColor(s, color);
-}
-
 } // namespace
 
 void CRVQDR(const float* x, const float* y, const float* z, int n) {
-  PlotState* s = beginTriangles("crvqdr");
+  PlotState* s = colorGraph("crvqdr");
   if (!s || checkRange(s, n, kQuad, -1)) return;
-  paintClipped(s, [&] {
-    for (int i = 0; i <= n - kQuad && !stopRequested(); i += kQuad) {
-      float px[kQuad], py[kQuad];
-      double sum = 0.0;
-      bool finite = true;
-      for (int k = 0; k < kQuad; k++) {
-        const PlotPoint p = plotPoint(s, x[i + k], y[i + k]);
-        px[k] = p.x;
-        py[k] = p.y;
-        sum += static_cast<double>(z[i + k]);
-        finite = finite && std::isfinite(p.x) && std::isfinite(p.y);
-      }
-      if (finite) fillIn(s, px, py, kQuad, colorOfValue(s, static_cast<float>(sum / kQuad)));
+  const Painter painter = beginPainting(s);
+  for (int i = 0; i <= n - kQuad && !stopRequested(); i += kQuad) {
+    float px[kQuad], py[kQuad];
+    double sum = 0.0;
+    bool finite = true;
+    for (int k = 0; k < kQuad; k++) {
+      const PlotPoint p = plotPoint(s, x[i + k], y[i + k]);
+      px[k] = p.x;
+      py[k] = p.y;
+      sum += static_cast<double>(z[i + k]);
+      finite = finite && std::isfinite(p.x) && std::isfinite(p.y);
     }
-  });
+    if (finite) fillIn(s, px, py, kQuad, colorOfValue(s, static_cast<float>(sum / kQuad)));
+  }
+  endPainting(painter);
 }
 
 void CRVTRI(const float* x, const float* y, const float* z, int n, const int* i1, const int* i2, const int* i3,
             int ntri) {
-  PlotState* s = beginTriangles("crvtri");
+  PlotState* s = colorGraph("crvtri");
   if (!s || checkRange(s, n, kCorners, -1) || checkRange(s, ntri, 1, -1)) return;
-  paintClipped(s, [&] {
-    for (int k = 0; k < ntri && !stopRequested(); k++) {
-      const int corners[kCorners] = {i1[k], i2[k], i3[k]};
-      Vertex t[kCorners];
-      bool good = true;
-      for (int c = 0; c < kCorners && good; c++) {
-        good = !checkRange(s, corners[c], 1, n);
-        if (good) good = vertexOf(s, x[corners[c] - 1], y[corners[c] - 1], z[corners[c] - 1], t[c]);
-      }
-      if (good) fillTriangle(s, t);
+  const Painter painter = beginPainting(s);
+  for (int k = 0; k < ntri && !stopRequested(); k++) {
+    const int corners[kCorners] = {i1[k], i2[k], i3[k]};
+    Vertex t[kCorners];
+    bool good = true;
+    for (int c = 0; c < kCorners && good; c++) {
+      good = !checkRange(s, corners[c], 1, n);
+      if (good) good = vertexOf(s, x[corners[c] - 1], y[corners[c] - 1], z[corners[c] - 1], t[c]);
     }
-  });
+    if (good) fillTriangle(s, t);
+  }
+  endPainting(painter);
 }
