@@ -399,7 +399,8 @@ void GRIDRE(float re, float im1, float im2, int n);         /* 2, 3: part of a c
 void GRIDIM(float im, float re1, float re2, int n);         /* 2, 3: part of a circle of constant imaginary part */
 void GETRCO(float re, float im, float* r, float* i);        /* 1..3: reflection coefficient of an impedance */
 void GETICO(float r, float i, float* re, float* im);        /* 1..3: impedance of a reflection coefficient */
-/* 2, 3: a text at a value of an axis, "X", "Y", "XTOP", "YRIG"; tick 0 none, 1 minor, 2 major; messages 108, 109 */
+/* 2, 3: a text at a value of an axis, "X", "Y", "XTOP", "YRIG", or at 3 "Z": the colour bar; tick 0 none,
+ * 1 minor, 2 major; messages 101, 108, 109 */
 void ADDLAB(const char* text, float value, int tick, const char* axis);
 void AXSERS(void);                   /* 2, 3: erases the inside of the axis system */
 void ENDGRF(void);                   /* 1..3: ends the axis system, back to level 1 */
@@ -418,7 +419,7 @@ void CENTER(void);         /* setter: centres the axis system on the page */
 void GRACE(int margin);    /* setter: margin of the clip of curves around the axis system; default 0 */
 void FRAME(int thickness); /* setter: thickness of frames around axis systems, legends and shields; default 1 */
 void FRMCLR(int color);    /* setter: colour of that frame, -1 current; default -1 */
-void NOBGD(void);          /* setter: no backgrounds of AXSBGD, LEGBGD and TXTBGD */
+void NOBGD(void);          /* setter: no backgrounds of AXSBGD, LEGBGD, TXTBGD and of colour graphs */
 void AXSBGD(int color);    /* setter: colour behind the axis system, -1 none; default -1 */
 void GRID(int nx, int ny); /* 2, 3: grid lines per label step */
 void CROSS(void);          /* 2, 3: axes through the origin */
@@ -442,6 +443,7 @@ float Y2DPOS(float x, float y);
 float XINVRS(int nx); /* 2, 3: user value of a plot coordinate */
 float YINVRS(int ny);
 
+void BOX2D(void); /* 1..3: the border of the axis system */
 void XAXIS(float a, float e, float first, float step, int length, const char* name, int it, int nx, int ny);
 /* 1..3: an axis with its start at (nx, ny); it 0: labels below, 1: above */
 void YAXIS(float a, float e, float first, float step, int length, const char* name, int it, int nx, int ny);
@@ -559,7 +561,7 @@ void BAROPT(float depth,
             float angle); /* setter: 3-D bars; depth in plot units, negative: the width of a bar; default -1, 45 */
 /* Labels of bars: LABELS "NONE", "SECO", "FIRS", "MAXI", "MINI", "DELT", "POSI"; LABPOS "AUTO", "INSI", "OUTS", "LEFT",
  * "ABOV", "RIGH", "BELO", "CENT"; LABDIG; LABCLR; each with "BARS" in place of the axis string. */
-void LABCLR(int color, const char* chart); /* setter: "BARS", "PIE" */
+void LABCLR(int color, const char* chart); /* setter: "BARS", "PIE", "CONTOUR" */
 void PATCYC(int i, int pattern);           /* setter: pattern of a set of attributes; i 1..30 */
 
 /* ---- Pies ------------------------------------------------------------------------------------------------------ */
@@ -589,6 +591,83 @@ void PIELAB(const char* text, const char* key); /* setter: up to 20 characters, 
 void PIECBK(void (*routine)(int segment, float value, float percent, int* pattern, int* color, float* exploded,
                             int* labelMode, int* labelPlace, int* labelJustify, int* labelColor));
 
+/* ---- Colour graphs --------------------------------------------------------------------------------------------- */
+
+/* 1: as GRAF, with a scale of colours from za to ze over the range of COLRAN and a bar that shows it; enters level 3.
+ * The bar is as long as the side that it stands at, or as AX3LEN told. */
+void GRAF3(float xa, float xe, float xor_, float xstp, float ya, float ye, float yor, float ystp, float za, float ze,
+           float zor, float zstp);
+/* 3: paints n points in the colours of their values: rectangles of the size of SETRES, symbols or pixels (SHDMOD).
+ * Values below the scale have the colour of the background, those above it that of the foreground. Points outside the
+ * axes are left out. */
+void CURVE3(const float* x, const float* y, const float* z, int n);
+void CURVX3(const float* x, float y, const float* z, int n); /* 3: the same for points of one y */
+void CURVY3(float x, const float* y, const float* z, int n); /* 3: the same for points of one x */
+/* 3: paints the cells of a grid of n * m values, the Y index fastest, over the axis system or the limits of SURSZE.
+ * Each cell is cut into ixpts * iypts parts, which have the colour of their middle. n, m at least 2. */
+void CRVMAT(const float* z, int n, int m, int ixpts, int iypts);
+/* 3: fills quadrilaterals, every four points, each in the colour of its mean */
+void CRVQDR(const float* x, const float* y, const float* z, int n);
+/* 3: fills triangles, whose corners are told by their numbers from 1, with colours that run from corner to corner */
+void CRVTRI(const float* x, const float* y, const float* z, int n, const int* i1, const int* i2, const int* i3,
+            int ntri);
+void COLRAY(const float* z, int* colors, int n); /* 3: the colours of values */
+int NZPOSN(float z);                             /* 3: the colour of a value */
+/* 1..3: a bar of colours with its lower left corner at (nx, ny); it 0: labels to the right or below, 1: to the left or
+ * above; direction 0: upright, 1: level */
+void ZAXIS(float a, float e, float first, float step, int length, const char* name, int it, int direction, int nx,
+           int ny);
+/* 1..3: the same for a logarithmic scale, limits and step as exponents of ten */
+void ZAXLG(float a, float e, float first, float step, int length, const char* name, int it, int direction, int nx,
+           int ny);
+void NOBAR(void);                             /* setter: no bar of colours */
+void WIDBAR(int width);                       /* setter: width of the bar, 0..10000; default 85 */
+void SPCBAR(int distance);                    /* setter: distance of the bar from the axis system; default 85 */
+void GETVK(int* title, int* barX, int* barY); /* 1..3: shifts of VKYTIT, VKXBAR and VKYBAR */
+int GETWID(void);                             /* 1..3: width of the colour bar */
+void VKXBAR(int shift);                       /* setter: shift of the bar to the right; default 0 */
+void VKYBAR(int shift);                       /* setter: shift of the bar downwards; default 0 */
+void POSBAR(const char* side);                /* setter: "RIGH", "LEFT", "TOP", "BOTT"; default "RIGH" */
+void JUSBAR(const char* mode);                /* setter: place along the side: "STAR", "CENT", "END"; default "STAR" */
+void FRMBAR(int lines);               /* setter: lines of the frame of the bar, outward if negative; default 1 */
+void SETRES(int width, int height);   /* setter: size of the rectangles of CURVE3; default 1, 1 */
+void GETRES(int* width, int* height); /* 1..3: their size */
+/* 1..3: rectangles that fill the axis system with nx * ny points, 2..10000; negative: with cells side by side; 0, 0: as
+ * many as the matrix of CRVMAT has */
+void AUTRES(int nx, int ny);
+/* setter: for "SURF" "FLAT", "SMOO"; "CONT" "CELL", "POLY"; "CURV" "RECT", "SYMB", "PIXE", "2D", "3D"; "CELL" "BOTH",
+ * "UPPE", "LOWE", "NONE"; "COLO" "LOWE", "MIDD", "UPPE"; "CULL" "OFF", "ON", "FRON"; "SYMB" "2D", "3D"; "ZSCA" "ON",
+ * "OFF"; default the first of each */
+void SHDMOD(const char* value, const char* key);
+
+/* ---- Contour lines --------------------------------------------------------------------------------------------- */
+
+/* 2, 3: the lines on which a function has the value of a level. z holds n * m values, the Y index fastest: that at
+ * x[i], y[j] is z[i * m + j]. In a cell that leaves a choice the mean of its corners decides. Positive coordinates on
+ * logarithmic axes, else message 27. Each call counts as a curve for legends; THKCRV and the line type hold. */
+void CONTUR(const float* x, int n, const float* y, int m, const float* z, float level);
+/* 2, 3: the same on a curvilinear grid: x and y are matrices as z; messages tell of "contur" */
+void CONTUR2(const float* x, const float* y, const float* z, int n, int m, float level);
+/* 2, 3: the same on a grid in equal steps over the axis system or the limits of SURSZE; n, m at least 2 */
+void CONMAT(const float* z, int n, int m, float level);
+/* 2, 3: a line that is known, drawn and labelled as a contour line; text runs at angle 0 afterwards */
+void CONCRV(const float* x, const float* y, int n, float level);
+/* any: the points of contour lines in user coordinates, line after line; nray: points of each line, ncurvs: lines.
+ * Messages 116 and 117 if there are more than maxpts points or maxcrv lines. */
+void CONPTS(const float* x, int n, const float* y, int m, const float* z, float level, float* xpts, float* ypts,
+            int maxpts, int* nray, int maxcrv, int* ncurvs);
+/* Labels of contour lines: LABELS "NONE", "FLOAT", "CONLAB"; LABDIS plot units of line between two labels, 1..10000;
+ * LABDIG, -2: as many as the level needs; LABTYP "HORI" along the line, "VERT" across it; LABCLR; each with "CONTOUR"
+ * in place of the axis string. */
+void CONLAB(const char* text); /* setter: text of labels, up to 20 characters */
+void CONGAP(float factor);     /* setter: free space on each side of a label, in character heights; default 0.5 */
+void CONMOD(float stretch,
+            float curvature); /* setter: line kept straight on each side of a label, in label widths, at least 0; and
+                                 greatest ratio of arc to chord of the line under it, above 1; default 0.5, 1.5 */
+void CONANG(float degrees);   /* setter: greatest turn of the line before a label, 0..360; default 5 */
+void SURSZE(float xa, float xe, float ya, float ye); /* setter: limits of grids told by their values alone; default
+                                                        those of the axis system; message 10 if a pair is equal */
+
 /* ---- Quick plots: a whole graph in one call; the plot is opened if there is none, and stays open ---------------- */
 
 void QPLOT(const float* x, const float* y, int n);  /* any: a curve */
@@ -597,6 +676,10 @@ void QPLCRV(const float* x, const float* y, int n,
             const char* place);     /* any: curves in one graph: "FIRS", "NEXT", "LAST" */
 void QPLBAR(const float* y, int n); /* any: bars at 1 to n */
 void QPLPIE(const float* x, int n); /* any: a pie */
+/* any: contour lines of n * m values, the Y index fastest, at 0, 1, ...; levels in equal steps from the least value to
+ * the greatest; n, m at least 2 */
+void QPLCON(const float* z, int n, int m, int levels);
+void QPLCLR(const float* z, int n, int m); /* any: the cells of such a matrix in colours; n, m at least 2 */
 /* any: scaling of "X" or "Y" in later calls; "RESE": by the data again; default by the data */
 void QPLSCL(float a, float e, float first, float step, const char* axis);
 

@@ -2,6 +2,7 @@
 // a group's member initialisers are its defaults, so that resetting assigns groups.
 #pragma once
 
+#include "contour/contour_group.h"
 #include "core/color_group.h"
 #include "core/file_group.h"
 #include "core/level_group.h"
@@ -16,8 +17,10 @@
 #include "graph2d/area_group.h"
 #include "graph2d/axis_group.h"
 #include "graph2d/bar_group.h"
+#include "graph2d/color_bar_group.h"
 #include "graph2d/curve_group.h"
 #include "graph2d/legend_group.h"
+#include "graph2d/matrix_group.h"
 #include "graph2d/pie_group.h"
 #include "image/fits_group.h"
 #include "raster/raster_group.h"
@@ -63,6 +66,11 @@ struct PlotState {
   LegendGroup legend;
   BarGroup bar;
   PieGroup pie;
+  MatrixGroup matrix;
+  ColorBarGroup colorBar;
+  ResolutionGroup resolution;
+  ShadeModeGroup shadeModes;
+  ContourGroup contour;
   ImageGroup image;
   ScreenGroup window;
 
@@ -78,6 +86,7 @@ struct PlotState {
   ClipGroup clip;
   TextState textState;
   ScalingState scaling;
+  ColorScaleState colorScale;
   CycleState cycle;
   LegendState legendState;
   BarState barState;

@@ -69,6 +69,23 @@ int chordsOfTurn(const PlotState* s, float radius) {
   return wanted < kLeastChords ? kLeastChords : wanted < kMostChords ? static_cast<int>(wanted) : kMostChords;
 }
 
+void fillCut(PlotState* s, float x0, float y0, float x1, float y1, int color) {
+  if (x0 > x1) std::swap(x0, x1);
+  if (y0 > y1) std::swap(y0, y1);
+  if (s->transform.transformOn || s->shield.shieldCount > 0) {
+    const float xs[] = {x0, x1, x1, x0}, ys[] = {y0, y0, y1, y1};
+    setColor(s, color);
+    return fillSolid(s, xs, ys, 4);
+  }
+  const ClipGroup& c = s->clip;
+  const auto originX = static_cast<float>(s->page.originX), originY = static_cast<float>(s->page.originY);
+  const float left = std::max(x0, static_cast<float>(c.clipX0) - originX);
+  const float right = std::min(x1, static_cast<float>(c.clipX1) - originX);
+  const float top = std::max(y0, static_cast<float>(c.clipY0) - originY);
+  const float bottom = std::min(y1, static_cast<float>(c.clipY1) - originY);
+  if (left <= right && top <= bottom) qqbar(s, left, top, right, bottom, color);
+}
+
 AreaGroup defaultAreaGroup() {
   constexpr int kPredefined = 17; // patterns
   AreaGroup g;

@@ -30,6 +30,9 @@ void fillBox(PlotState* s, int x0, int y0, int x1, int y1, int color);
 inline constexpr int kMostChords = 720;
 int chordsOfTurn(const PlotState* s, float radius);
 
+// Rectangle between two corners in a plain colour, cut at the clip window.
+void fillCut(PlotState* s, float x0, float y0, float x1, float y1, int color);
+
 // Defaults of the settings: the pattern cycle begins with the predefined patterns.
 AreaGroup defaultAreaGroup();
 

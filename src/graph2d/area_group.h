@@ -9,7 +9,7 @@ namespace quilla {
 struct AreaGroup {
   bool outlinesDrawn = true;           // NOARLN
   bool areasFilled = true;             // NOFILL
-  bool backgroundsDrawn = true;        // NOBGD: of axis systems, legends and texts
+  bool backgroundsDrawn = true;        // NOBGD: of axis systems, legends, texts, colour graphs
   int circleSpacing = 0;               // CIRCSP: length of a chord in plot units, 0: a fixed number of chords
   int patternCycle[kCycleLength] = {}; // PATCYC
 };

@@ -29,7 +29,7 @@ template <class Action> void inColor(PlotState* s, int axis, int part, Action ac
   if (color >= 0) setColor(s, kept);
 }
 
-bool isUpright(const AxisPlace& p) { return p.axis == kAxisY; }
+bool isUpright(const AxisPlace& p) { return isUprightSide(p.side); }
 
 // 1 if outside of the axis is down or right, -1 if it is up or left.
 int outward(int side) { return side == kSideBottom || side == kSideRight ? 1 : -1; }
@@ -184,8 +184,8 @@ int tickRoom(const PlotState* s, int axis) {
 bool labelsVertical(const PlotState* s, int axis) { return s->axis.labelOrientation[axis] != 0; }
 
 // What the labels take away from the axis: their height or the length of the longest.
-int labelDepth(const PlotState* s, int axis, int longest) {
-  bool across = (axis == kAxisY) != labelsVertical(s, axis);
+int labelDepth(const PlotState* s, int axis, int side, int longest) {
+  bool across = isUprightSide(side) != labelsVertical(s, axis);
   return across ? longest : s->text.textHeight;
 }
 
@@ -316,7 +316,7 @@ void drawAxis(PlotState* s, const AxisPlace& p) {
   if (p.parts >= kPartLabels && s->axis.labelKind[p.axis] != kLabelNone) {
     int longest = longestLabel(s, p.axis);
     inColor(s, p.axis, kColorLabels, [&] { drawLabels(s, p, longest); });
-    away += s->axis.labelDistance[p.axis] + labelDepth(s, p.axis, longest);
+    away += s->axis.labelDistance[p.axis] + labelDepth(s, p.axis, p.side, longest);
   }
   if (p.parts >= kPartName) {
     inColor(s, p.axis, kColorName, [&] { drawName(s, p, away + s->axis.nameDistance[p.axis]); });
@@ -334,14 +334,16 @@ void drawExtraLabel(PlotState* s, const AxisPlace& p, const char* text, double v
   inColor(s, p.axis, kColorLabels, [&] { textAtWith(s, text, spot.x, spot.y, spot.angle, s->text.textHeight); });
 }
 
-int sideExtent(PlotState* s, int side) {
-  int axis = axisOfSide(side), parts = s->axis.axisPartDrawn[side], extent = 0;
+int axisExtent(PlotState* s, int axis, int side, int parts) {
+  int extent = 0;
   if (parts >= kPartTicks) extent += tickRoom(s, axis);
   if (parts >= kPartLabels && s->axis.labelKind[axis] != kLabelNone) {
-    extent += s->axis.labelDistance[axis] + labelDepth(s, axis, longestLabel(s, axis));
+    extent += s->axis.labelDistance[axis] + labelDepth(s, axis, side, longestLabel(s, axis));
   }
   if (parts >= kPartName && s->axis.axisName[axis][0]) extent += s->axis.nameDistance[axis] + s->axis.nameHeight;
   return extent;
 }
+
+int sideExtent(PlotState* s, int side) { return axisExtent(s, axisOfSide(side), side, s->axis.axisPartDrawn[side]); }
 
 } // namespace quilla

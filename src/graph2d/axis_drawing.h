@@ -7,13 +7,17 @@ namespace quilla {
 
 // One axis as it stands on the page. Coordinates in plot units from the top of the page, ORIGIN not included.
 struct AxisPlace {
-  int axis;        // kAxisX or kAxisY
+  int axis;        // AxisIndex; the side tells its direction
   int side;        // AxisSide: ticks and labels point away from the system
   int x, y;        // start of the axis
   int parts;       // AxisPart: what is drawn, each with all before it
   bool skipOrigin; // crossed systems: no label at 0
 };
+inline bool isUprightSide(int side) { return side == kSideLeft || side == kSideRight; }
 void drawAxis(PlotState* s, const AxisPlace& place);
+
+// Room that an axis with such parts takes on a side outside its line, in plot units.
+int axisExtent(PlotState* s, int axis, int side, int parts);
 
 // Room that a side of the axis system takes outside the axis line, in plot units.
 int sideExtent(PlotState* s, int side);

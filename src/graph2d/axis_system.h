@@ -2,8 +2,12 @@
 #pragma once
 
 #include "core/plot_state.h"
+#include "graph2d/scaling.h"
 
 namespace quilla {
+
+// Scales, draws and enters a rectangular system, at level 2; false after a message, the level is then 1.
+bool openRectangularSystem(PlotState* s, AxisScale x, AxisScale y);
 
 // Draws the titles at their place above or below the axis system.
 void drawTitle(PlotState* s);

@@ -115,6 +115,7 @@ void shieldText(PlotState* s, const TextExtent& extent) {
 }
 
 void warnOutOfPage(PlotState* s, const char* what, int x, int y) {
+  if (s->textState.pageCheckOff) return;
   if (x >= 0 && x <= s->geometry.pageWidth && y >= 0 && y <= s->geometry.pageHeight) return;
   char text[64];
   std::snprintf(text, sizeof text, "%s (%5d/%5d) out of page", what, x, y);

@@ -183,3 +183,22 @@ TEST_F(Extras, LinesAreSmoothOnlyWhenAsked) {
   LINMOD("ON", "SMOOTH");
   EXPECT_GT(mixed(), 0);
 }
+
+// 20 of 0 to 40 in the middle of a bar of 400 units that starts at 1600.
+TEST_F(Extras, LabelAtTheColourBar) {
+  open();
+  AXSPOS(400, 1600);
+  AX3LEN(1001, 801, 401);
+  int title = 0, x = 0, y = 0;
+  VKXBAR(7);
+  GETVK(&title, &x, &y);
+  EXPECT_EQ(x, 7);
+  EXPECT_EQ(GETWID(), 85);
+  EXPECT_EQ(outputOf([] { ADDLAB("", 20.0F, 2, "Z"); }), " <<<< Warning 3: Incorrect level in addlab!   (1)\n");
+  GRAF3(0, 10, 0, 1, 0, 10, 0, 1, 0, 40, 0, 10);
+  ADDLAB("", 20.0F, 2, "Z");
+  const auto moves = traced("move"), draws = traced("draw");
+  EXPECT_EQ(numbers(moves.back())[1], 1400);
+  EXPECT_EQ(numbers(draws.back())[1], 1400);
+  EXPECT_EQ(numbers(draws.back())[0] - numbers(moves.back())[0], 24);
+}
