@@ -2,6 +2,7 @@
 #include "core/levels.h"
 #include "core/messages.h"
 #include "device/device_table.h"
+#include "platform/window_system.h"
 #include "quilla/quilla.h"
 
 namespace quilla {
@@ -101,5 +102,4 @@ const char* GETMFL(void) {
   return s ? s->deviceSetup.deviceKeyword : "";
 }
 
-// Without a window layer there is no display.
-const char* GETDSP(void) { return "NONE"; }
+const char* GETDSP(void) { return windowSystem() ? "XWIN" : "NONE"; }

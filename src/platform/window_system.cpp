@@ -44,7 +44,10 @@ bool ownFolder(char folder[kPathLength]) {
   return true;
 }
 
-bool hasDisplay() { return std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY"); }
+bool hasDisplay() {
+  const char* display = std::getenv("DISPLAY");
+  return display && display[0];
+}
 
 // Beside the program, as in a build folder, then where it was installed.
 const WindowSystem* findSystem() {

@@ -433,6 +433,7 @@ TEST_F(Windows, AResizedWindowIsTold) {
 }
 
 TEST_F(Windows, TheScreenIsAsked) {
+  EXPECT_STREQ(GETDSP(), "XWIN");
   int w = 0, h = 0;
   GETSCR(&w, &h);
   EXPECT_EQ(w, 1600);

@@ -192,6 +192,7 @@ TEST_F(Settings, NamesOfTheOpenPlot) {
   ASSERT_TRUE(open(kDevicePdf));
   EXPECT_STREQ(GETFIL(), "quilla.pdf");
   EXPECT_STREQ(GETMFL(), "PDF ");
+  useWindowSystem(nullptr);
   EXPECT_STREQ(GETDSP(), "NONE");
   close();
 }
