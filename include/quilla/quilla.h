@@ -537,6 +537,54 @@ void PIELAB(const char* text, const char* key); /* setter: up to 20 characters, 
 void PIECBK(void (*routine)(int segment, float value, float percent, int* pattern, int* color, float* exploded,
                             int* labelMode, int* labelPlace, int* labelJustify, int* labelColor));
 
+/* ---- Three-dimensional axis systems ---------------------------------------------------------------------------- */
+
+/* User coordinates count as the axes do. Box coordinates: the box of AXIS3D around the origin. Settings of the view
+ * take effect with the next GRAF3D; the lengths of AXSLEN give the frame in which the picture stands. */
+void GRAF3D(float xa, float xe, float xor_, float xstep, float ya, float ye, float yor, float ystep, float za, float ze,
+            float zor, float zstep);    /* 1, moves to level 3 */
+void AXIS3D(float x, float y, float z); /* setter: lengths of the box, above 0; default 2, 2, 2 */
+/* setter: eye in box coordinates "ABS", user coordinates "USER", or horizontal angle, vertical angle (degrees) and
+ * distance "ANGL"; outside the box. Default 2, -2.5 and 2 box lengths */
+void VIEW3D(float x, float y, float z, const char* mode);
+void VFOC3D(float x, float y, float z,
+            const char* mode);                /* setter: focus "ABS", "USER"; default the middle of the box */
+void VANG3D(float angle);                     /* setter: angle of view in degrees, between 0 and 180; default 28.07 */
+void VUP3D(float angle);                      /* setter: turns the picture, degrees; default 0 */
+void VCLP3D(float nearPlane, float farPlane); /* setter: distances from the eye; far at most 0: none; default 1, -1 */
+void VSCL3D(float scale);                     /* 1..3: scale of the orthographic projection, above 0; default 1 */
+void PROJ3D(const char* projection);          /* 1: "PERS", "ORTH"; default "PERS" */
+void CLIP3D(const char* mode);                /* setter: lines are cut at the box "WORL", the view "EYE", or "NONE" */
+void LABL3D(const char* style);               /* setter: axes on planes "STAN", on edges "HORI", "PARA", "OTHE" */
+void FLAB3D(void);                            /* setter: AXENDS holds for the axes of the box, too */
+void BOX3D(void);                             /* 3: the twelve edges of the box */
+/* 3: grid lines per label step, across and upwards, on the planes "ALL", "BACK" (the two walls away from the eye),
+ * "BOTT" */
+void GRID3D(int nx, int ny, const char* planes);
+/* 3: the plane through three points in box coordinates, on which two-dimensional axis systems are drawn until GRFFIN:
+ * X runs from the first point to the second, Y from the second to the third. Level 1 afterwards. */
+void GRFINI(float x1, float y1, float z1, float x2, float y2, float z2, float x3, float y3, float z3);
+void GRFFIN(void);                                                       /* 1..3: level 3 afterwards */
+void ABS3PT(float x, float y, float z, float* xp, float* yp);            /* 1..3: plot of box coordinates */
+void POS3PT(float x, float y, float z, float* xp, float* yp, float* zp); /* 3: box of user coordinates */
+void REL3PT(float x, float y, float z, float* xp, float* yp);            /* 3: plot of user coordinates */
+float X3DABS(float x, float y, float z);                                 /* 3: the same one by one */
+float Y3DABS(float x, float y, float z);
+float X3DPOS(float x, float y, float z);
+float Y3DPOS(float x, float y, float z);
+float Z3DPOS(float x, float y, float z);
+float X3DREL(float x, float y, float z);
+float Y3DREL(float x, float y, float z);
+/* 3: a transformation of all that is drawn in box coordinates; each acts after the earlier ones. Angles in degrees. */
+void TR3ROT(float a, float b, float c); /* about the X, then the Y, then the Z axis */
+void TR3SCL(float x, float y, float z);
+void TR3SHF(float x, float y, float z);                             /* in user units */
+void TR3AXS(float x, float y, float z, float angle);                /* about an axis through the origin */
+void TR3RES(void);                                                  /* none again */
+void CURV3D(const float* x, const float* y, const float* z, int n); /* 3: a line, or symbols by INCMRK */
+void STRT3D(float x, float y, float z);                             /* 3: a move in user coordinates */
+void CONN3D(float x, float y, float z);                             /* 3: a line to there */
+
 /* ---- Quick plots: a whole graph in one call; the plot is opened if there is none, and stays open ---------------- */
 
 void QPLOT(const float* x, const float* y, int n);  /* any: a curve */

@@ -18,6 +18,8 @@
 #include "graph2d/curve_group.h"
 #include "graph2d/legend_group.h"
 #include "graph2d/pie_group.h"
+#include "graph3d/horizon_group.h"
+#include "graph3d/view_group.h"
 #include "raster/raster_group.h"
 #include "run/quick_group.h"
 #include "text/text_group.h"
@@ -61,6 +63,9 @@ struct PlotState {
   BarGroup bar;
   PieGroup pie;
   ImageGroup image;
+  ViewGroup view;
+  BoxTransform boxTransform;
+  SurfaceGroup surface;
 
   // Working state.
   MessageStreams streams;
@@ -70,12 +75,17 @@ struct PlotState {
   RasterState raster;
   DashState dash;
   PathState path;
+  PathMeasure measure;
   ClipGroup clip;
   TextState textState;
   ScalingState scaling;
   CycleState cycle;
   LegendState legendState;
   BarState barState;
+  ViewState viewState;
+  BoxPen boxPen;
+  PlaneState plane;
+  HorizonState horizon;
   bool shieldingSuspended = false;  // outlines of shields are not cut
   bool internalCoordinates = false; // a routine of the library draws: y of PAGORG is not reversed
 };

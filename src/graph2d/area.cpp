@@ -56,8 +56,17 @@ int visibleColor(const PlotState* s, int setting, int current, int fill) {
 }
 
 void fillBox(PlotState* s, int x0, int y0, int x1, int y1, int color) {
+  const float xs[] = {static_cast<float>(x0), static_cast<float>(x1), static_cast<float>(x1), static_cast<float>(x0)};
+  const float ys[] = {static_cast<float>(y0), static_cast<float>(y0), static_cast<float>(y1), static_cast<float>(y1)};
   flushPath(s);
-  qqbar(s, static_cast<float>(x0), static_cast<float>(y0), static_cast<float>(x1), static_cast<float>(y1), color);
+  if (!s->plane.on) {
+    qqbar(s, xs[0], ys[0], xs[1], ys[2], color);
+    return;
+  }
+  const int kept = s->color.currentColor;
+  setColor(s, color);
+  fillSolid(s, xs, ys, 4);
+  setColor(s, kept);
 }
 
 AreaGroup defaultAreaGroup() {

@@ -8,7 +8,7 @@
 #include "core/messages.h"
 #include "core/page.h"
 #include "core/pipeline.h"
-#include "device/sink.h"
+#include "graph2d/area.h"
 #include "graph2d/axis_drawing.h"
 #include "graph2d/legend.h"
 #include "graph2d/polar.h"
@@ -21,15 +21,6 @@ namespace {
 
 // A single line coincides with the axes of the four sides; a thicker frame grows outwards.
 constexpr int kVisibleFrame = 2;
-
-bool takeScale(PlotState* s, int axis, AxisScale& scale) {
-  if (s->axis.autoScaled[axis]) {
-    int digits = 0;
-    scale = automaticScale(s, axis, digits);
-    if (!s->axis.labelDigitsGiven[axis]) s->axis.labelDigits[axis] = digits;
-  }
-  return checkScale(s, axis, scale) == 0;
-}
 
 // The origin of the user must lie inside both scalings; position and crossing follow from each other.
 bool placeCrossing(PlotState* s, const AxisScale& x, const AxisScale& y) {
@@ -105,16 +96,10 @@ void drawFrame(PlotState* s) {
   if (a.frameColor >= 0) setColor(s, kept);
 }
 
-void fillBackground(PlotState* s) {
-  const AxisGroup& a = s->axis;
-  flushPath(s);
-  qqbar(s, static_cast<float>(a.axisPosX), static_cast<float>(s->scaling.axisTopY),
-        static_cast<float>(s->scaling.axisRightX), static_cast<float>(a.axisPosY), a.axisBackgroundColor);
-}
-
 void drawSystem(PlotState* s) {
   const AxisGroup& a = s->axis;
-  if (a.axisBackgroundColor >= 0) fillBackground(s);
+  if (a.axisBackgroundColor >= 0)
+    fillBox(s, a.axisPosX, s->scaling.axisTopY, s->scaling.axisRightX, a.axisPosY, a.axisBackgroundColor);
   // Axes are solid, whatever the current line type is.
   KeptLineStyle kept = keepLineStyle(s);
   setLineType(s, 0);
@@ -184,12 +169,20 @@ void gridLines(PlotState* s, int axis, int perStep) {
 
 } // namespace
 
+void quilla::drawGrid(PlotState* s, int nx, int ny) {
+  gridLines(s, kAxisX, nx);
+  gridLines(s, kAxisY, ny);
+}
+
 void GRAF(float xa, float xe, float xor_, float xstp, float ya, float ye, float yor, float ystp) {
   PlotState* s = strictCheck(1, 1, "graf");
   if (!s) return;
   AxisScale x{xa, xe, xor_, xstp}, y{ya, ye, yor, ystp};
   s->axis.axisSystemKind = kSystemRectangular;
-  bool fineX = takeScale(s, kAxisX, x), fineY = takeScale(s, kAxisY, y);
+  takeAutomaticScale(s, kAxisX, x);
+  bool fineX = checkScale(s, kAxisX, x) == 0;
+  takeAutomaticScale(s, kAxisY, y);
+  bool fineY = checkScale(s, kAxisY, y) == 0;
   if (!fineX || !fineY) return;
   if (s->axis.axisCrossed && (s->axis.axisLogScale[kAxisX] != 0 || s->axis.axisLogScale[kAxisY] != 0)) {
     return warnWithText(s, 150, "Crossed axis systems must have linear scaling");
@@ -222,6 +215,7 @@ void ENDGRF(void) {
   forgetRecords(s);
   s->barState = BarState{};
   s->curve.markerKind = 0;
+  if (s->axis.axisSystemKind == kSystemBox) s->axis.axisSystemKind = kSystemRectangular;
   s->level.plotLevel = kLevelPlot;
 }
 
@@ -233,8 +227,7 @@ void GRID(int nx, int ny) {
   if (s->axis.axisSystemKind == kSystemPolar) return drawPolarGrid(s, nx, ny);
   if (s->axis.axisSystemKind == kSystemRealImaginary) return warnWithText(s, 35, "Routine does not work for GRAFR");
   axisClipOn(s);
-  gridLines(s, kAxisX, nx);
-  gridLines(s, kAxisY, ny);
+  drawGrid(s, nx, ny);
   axisClipOff(s);
 }
 

@@ -180,7 +180,7 @@ bool isFinite(const PlotPoint& p) { return std::isfinite(p.x) && std::isfinite(p
 void fillPixel(PlotState* s, PlotPoint a, PlotPoint b, int color) {
   if (a.x > b.x) std::swap(a.x, b.x);
   if (a.y > b.y) std::swap(a.y, b.y);
-  if (s->transform.transformOn || s->shield.shieldCount > 0) {
+  if (isPageMoved(s) || s->shield.shieldCount > 0) {
     const float xs[] = {a.x, b.x, b.x, a.x}, ys[] = {a.y, a.y, b.y, b.y};
     setColor(s, color);
     return fillSolid(s, xs, ys, 4);

@@ -89,6 +89,12 @@ void applyDefaultSettings(PlotState* s) {
   resetCycle(s);
   s->include = IncludeGroup{};
   s->image = ImageGroup{};
+  s->view = ViewGroup{};
+  s->boxTransform = BoxTransform{};
+  s->plane = PlaneState{};
+  s->surface = SurfaceGroup{};
+  s->horizon.on = false;
+  s->measure = PathMeasure{};
   forgetRecords(s);
   s->shading = ShadingGroup{};
   s->text = defaultTextGroup(s);

@@ -75,14 +75,18 @@ constexpr ResetRow kResetRows[] = {
      setTextAngle(s, 0);
    }},
     {"AUTR", nullptr},
-    {"AX3L", nullptr},
+    {"AX3L", [](PlotState* s, const Defaults& d) {
+     copyField(s->axis.axisLength, d.axis.axisLength);
+   }},
     {"AXCL", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.axisColors, d.axis.axisColors);
    }},
     {"AXEN", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.axisEndsMode, d.axis.axisEndsMode);
    }},
-    {"AXIS", nullptr},
+    {"AXIS", [](PlotState* s, const Defaults&) {
+     copyField(s->view.boxLength, ViewGroup{}.boxLength);
+   }},
     {"AXSL", [](PlotState* s, const Defaults& d) {
      s->axis.axisLength[kAxisX] = d.axis.axisLength[kAxisX];
      s->axis.axisLength[kAxisY] = d.axis.axisLength[kAxisY];
@@ -170,7 +174,9 @@ constexpr ResetRow kResetRows[] = {
     {"FIXS", [](PlotState* s, const Defaults&) {
      s->text.fixedSpacingOn = false;
    }},
-    {"FLAB", nullptr},
+    {"FLAB", [](PlotState* s, const Defaults&) {
+     s->view.firstLabels = false;
+   }},
     {"FRAM", [](PlotState* s, const Defaults& d) {
      s->axis.frameThickness = d.axis.frameThickness;
    }},
@@ -282,7 +288,9 @@ constexpr ResetRow kResetRows[] = {
     {"NOGR", [](PlotState* s, const Defaults&) {
      s->axis.noAxesDrawn = false;
    }},
-    {"NOHI", nullptr},
+    {"NOHI", [](PlotState* s, const Defaults&) {
+     s->surface.hidingOff = false;
+   }},
     {"NOLI", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.axisLineOn, d.axis.axisLineOn);
    }},
@@ -319,7 +327,9 @@ constexpr ResetRow kResetRows[] = {
     {"POLC", [](PlotState* s, const Defaults& d) {
      s->curve.curveMode = d.curve.curveMode;
    }},
-    {"PROJ", nullptr},
+    {"PROJ", [](PlotState* s, const Defaults&) {
+     s->view.orthographic = false;
+   }},
     {"PSME", [](PlotState* s, const Defaults&) {
      std::free(s->deviceSetup.psInfoText);
      s->deviceSetup.psInfoText = nullptr;
@@ -361,7 +371,9 @@ constexpr ResetRow kResetRows[] = {
      s->shading.shadeFactor = factor;
    }},
     {"SHIE", nullptr},
-    {"SHLS", nullptr},
+    {"SHLS", [](PlotState* s, const Defaults&) {
+     s->surface.shieldKept = false;
+   }},
     {"SMXA", [](PlotState* s, const Defaults& d) {
      copyField(s->text.alphabetShifts, d.text.alphabetShifts);
      s->text.alphabetShiftCount = 0;
@@ -370,9 +382,16 @@ constexpr ResetRow kResetRows[] = {
      s->curve.splineDegree = d.curve.splineDegree;
      s->curve.splinePoints = d.curve.splinePoints;
    }},
-    {"SURC", nullptr},
-    {"SURS", nullptr},
-    {"SURV", nullptr},
+    {"SURC", [](PlotState* s, const Defaults&) {
+     s->surface.sideColorsGiven = false;
+     s->surface.upperColor = s->surface.lowerColor = -1;
+   }},
+    {"SURS", [](PlotState* s, const Defaults&) {
+     s->surface.limitsGiven = false;
+   }},
+    {"SURV", [](PlotState* s, const Defaults&) {
+     s->surface.visibleSide = kVisibleAuto;
+   }},
     {"SYMR", [](PlotState* s, const Defaults&) {
      s->curve.symbolAngle = 0.0F;
    }},
@@ -398,7 +417,9 @@ constexpr ResetRow kResetRows[] = {
      s->message.messageUnit = s->streams.errorFileStream ? kUnitFile : kUnitConsole;
      s->streams.messageStream = s->streams.errorFileStream;
    }},
-    {"VIEW", nullptr},
+    {"VIEW", [](PlotState* s, const Defaults&) {
+     s->view.eyeMode = kViewUnset;
+   }},
     {"VKXB", nullptr},
     {"VKYB", nullptr},
     {"VKYT", [](PlotState* s, const Defaults&) {
