@@ -585,6 +585,24 @@ void CURV3D(const float* x, const float* y, const float* z, int n); /* 3: a line
 void STRT3D(float x, float y, float z);                             /* 3: a move in user coordinates */
 void CONN3D(float x, float y, float z);                             /* 3: a line to there */
 
+/* ---- Surfaces with hidden lines --------------------------------------------------------------------------------- */
+
+/* Grid arrays have the index of y fastest: the value at (i, j) is z[i * m + j]. Lines are drawn from the front to the
+ * back, and hidden by those before them. */
+void SURFCE(const float* x, int n, const float* y, int m, const float* z); /* 3: mesh, or bars after POLCRV("BARS") */
+/* 3: mesh of a matrix over the axis limits or those of SURSZE. nx, ny: points of an interval along lines of that
+ * direction; 0 no such lines; -p each p-th line */
+void SURMAT(const float* z, int n, int m, int nx, int ny);
+/* 3: mesh of a function, with lines at steps from the limits before the eye, and nx, ny points of a step along them */
+void SURFUN(float (*function)(float x, float y), int nx, float xstep, int ny, float ystep);
+void SURVIS(const char* side);    /* setter: "AUTO", "TOP", "BOTT", "BOTH"; default "AUTO" */
+void SUROPT(const char* lines);   /* setter: lines of SURFCE "BOTH", along X "XISO", along Y "YISO" */
+void SURCLR(int top, int bottom); /* setter: colours of the two sides, -1 the current one; default -1, -1 */
+void SURSZE(float xa, float xe, float ya, float ye); /* setter: range of matrices and functions */
+void NOHIDE(void);                                   /* setter: surfaces are drawn without hiding */
+void SHLSUR(void);             /* setter: surfaces hide what is drawn after them, until HIDLIN("OFF") */
+void HIDLIN(const char* mode); /* 1..3: "ON": lines hide those drawn after them; "OFF" */
+
 /* ---- Quick plots: a whole graph in one call; the plot is opened if there is none, and stays open ---------------- */
 
 void QPLOT(const float* x, const float* y, int n);  /* any: a curve */

@@ -77,7 +77,7 @@ struct Walk {
   void pixel(int x, int y, int beforeX, int beforeY, bool first = false) {
     HorizonState& h = s->horizon;
     const int side = h.mode == kHorizonStore ? kSideNone : sideOf(s, x, y);
-    const bool changes = side != kSideNone && s->surface.sideColorsGiven && side != h.side;
+    const bool changes = side != kSideNone && h.colored && side != h.side;
     if (visible && (side == kSideNone || changes)) run.drawTo(beforeX, beforeY);
     if (side != kSideNone && (!visible || changes)) {
       // A run that only changes its colour goes on where the other ended.

@@ -27,6 +27,7 @@ struct HorizonState {
   int columns = 0;
   bool on = false;
   int mode = kHorizonTest;
+  bool colored = false; // lines are those of a surface and take the colours of its sides
   int side = kSideNone;
   int entryColor = 0;
   int penX = 0, penY = 0;
