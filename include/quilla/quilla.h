@@ -608,9 +608,10 @@ void HIDLIN(const char* mode); /* 1..3: "ON": lines hide those drawn after them;
 void QPLOT(const float* x, const float* y, int n);  /* any: a curve */
 void QPLSCA(const float* x, const float* y, int n); /* any: symbols */
 void QPLCRV(const float* x, const float* y, int n,
-            const char* place);     /* any: curves in one graph: "FIRS", "NEXT", "LAST" */
-void QPLBAR(const float* y, int n); /* any: bars at 1 to n */
-void QPLPIE(const float* x, int n); /* any: a pie */
+            const char* place);                 /* any: curves in one graph: "FIRS", "NEXT", "LAST" */
+void QPLBAR(const float* y, int n);             /* any: bars at 1 to n */
+void QPLPIE(const float* x, int n);             /* any: a pie */
+void QPLSUR(const float* matrix, int n, int m); /* any: a surface over 0 to n - 1 and 0 to m - 1, index of y fastest */
 /* any: scaling of "X" or "Y" in later calls; "RESE": by the data again; default by the data */
 void QPLSCL(float a, float e, float first, float step, const char* axis);
 

@@ -1,6 +1,7 @@
 // Public routines that draw a whole graph from arrays: they open a plot if there is none, and leave it open.
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <memory>
 #include <new>
 
@@ -36,7 +37,7 @@ PlotState* beginQuickPlot(const char* name, int n) {
 
 // Scales an axis by QPLSCL, or by the data and a further value.
 void scaleAxis(const PlotState* s, int axis, const float* values, int n, float also) {
-  if (s->quickSetup.scaleGiven[axis]) return;
+  if (axis < 2 && s->quickSetup.scaleGiven[axis]) return;
   float range[2] = {also, also};
   for (int i = 0; i < n; i++) {
     if (std::isnan(values[i])) continue;
@@ -45,7 +46,8 @@ void scaleAxis(const PlotState* s, int axis, const float* values, int n, float a
     range[1] = std::max(range[1], values[i]);
   }
   if (std::isnan(range[0])) range[0] = range[1] = 0.0F;
-  SETSCL(range, 2, axis == 0 ? "X" : "Y");
+  constexpr const char* kLetters[] = {"X", "Y", "Z"};
+  SETSCL(range, 2, kLetters[axis]);
 }
 
 void openAxes(const PlotState* s) {
@@ -112,6 +114,27 @@ void QPLBAR(const float* y, int n) {
   scaleAxis(s, 1, y, n, 0.0F);
   openAxes(s);
   BARS(places, feet, tops, n);
+  SENDBF();
+}
+
+void QPLSUR(const float* matrix, int n, int m) {
+  PlotState* s = strictCheck(0, 3, "qplsur");
+  if (!s || checkRange(s, n, 1, -1) || checkRange(s, m, 1, std::numeric_limits<int>::max() / n)) return;
+  s = beginQuickPlot("qplsur", n);
+  if (!s) return;
+  const std::size_t nx = static_cast<std::size_t>(n), ny = static_cast<std::size_t>(m);
+  const std::unique_ptr<float[]> memory(new (std::nothrow) float[nx + ny]);
+  if (!memory) return warnPlain(s, 53);
+  float *x = memory.get(), *y = x + nx;
+  for (int i = 0; i < n; i++) x[i] = static_cast<float>(i);
+  for (int j = 0; j < m; j++) y[j] = static_cast<float>(j);
+  scaleAxis(s, 0, x, n, NAN);
+  scaleAxis(s, 1, y, m, NAN);
+  scaleAxis(s, 2, matrix, n * m, NAN);
+  const float(&q)[2][4] = s->quickSetup.scale;
+  GRAF3D(q[0][0], q[0][1], q[0][2], q[0][3], q[1][0], q[1][1], q[1][2], q[1][3], 0.0F, 1.0F, 0.0F, 1.0F);
+  TITLE();
+  SURFCE(x, n, y, m, matrix);
   SENDBF();
 }
 

@@ -81,6 +81,7 @@ void run_keyword(int keyword, const char* text) {
   case kExit: return run_exit();
   case kPlot: return run_plot(false);
   case kScattr: return run_plot(true);
+  case kSurface: return run_surface();
   case kBreak: return run_break();
   case kCall: return run_call(text);
   case kContinue: return run_continue();
@@ -94,7 +95,6 @@ void run_keyword(int keyword, const char* text) {
   case kPlot3:
   case kPlot3r:
   case kSurf3:
-  case kSurface:
   case kSurshade: return report_unavailable("Statement", kKeywordNames[keyword]);
   }
 }

@@ -92,10 +92,10 @@ void begin_quick_plot() {
   PAGERA();
 }
 
-DataRange data_range(int first) {
+DataRange data_range(int first, int step) {
   DataRange range{};
   bool started = false;
-  for (int i = first; i < operand_count(); i += 2) {
+  for (int i = first; i < operand_count(); i += step) {
     const ScriptValue& v = *peek_operand(i);
     for (int k = 0; k < v.count; ++k) {
       const float x = elements<float>(v)[k];

@@ -380,7 +380,7 @@ constexpr RoutineRow kRoutines[kRoutineCount] = {
     bound<"QPLPIE", "FR,I", QPLPIE>(counted(1, 2)),
     bound<"QPLSCA", "FR,FR,I", QPLSCA>(counted(1, 3), counted(2, 3)),
     bound<"QPLSCL", "X,X,X,X,S", QPLSCL>(),
-    absent("QPLSUR", "FR,I,I", counted(1, 2, 3)),
+    bound<"QPLSUR", "FR,I,I", QPLSUR>(counted(1, 2, 3)),
     absent("QUAD3D", "X,X,X,X,X,X"),
     bound<"RBMP", "S", RBMP>(),
     absent("REAWGT", ""),
