@@ -46,9 +46,10 @@ Vector unitVector(Vector from, Vector to, Vector otherwise) {
 
 // Angle of a direction in degrees, truncated, turned so that texts along it can be read.
 int readableAngle(Vector v) {
+  constexpr int kSteepest = 105; // an axis that leans a little is read upwards
   int angle = static_cast<int>(std::atan2(-v.y, v.x) * kDegrees);
-  if (angle > 90) angle -= 180;
-  if (angle <= -90) angle += 180;
+  if (angle > kSteepest) angle -= 180;
+  if (angle <= kSteepest - 180) angle += 180;
   return angle < 0 ? angle + 360 : angle;
 }
 
