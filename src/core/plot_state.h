@@ -12,6 +12,7 @@
 #include "core/shield_group.h"
 #include "core/window_group.h"
 #include "device/device_group.h"
+#include "device/screen_group.h"
 #include "graph2d/area_group.h"
 #include "graph2d/axis_group.h"
 #include "graph2d/bar_group.h"
@@ -66,6 +67,7 @@ struct PlotState {
   ViewGroup view;
   BoxTransform boxTransform;
   SurfaceGroup surface;
+  ScreenGroup window;
 
   // Working state.
   MessageStreams streams;
@@ -73,6 +75,7 @@ struct PlotState {
   ColorState colorState;
   DeviceGroup device;
   RasterState raster;
+  ScreenLayer screen;
   DashState dash;
   PathState path;
   PathMeasure measure;

@@ -11,6 +11,8 @@ namespace quilla {
 
 namespace {
 
+constexpr int kUsualChords = 180, kLeastChords = 8; // of a whole turn
+
 int luminance(const PlotState* s, int color) {
   int r = 0, g = 0, b = 0;
   colorComponents(s, color, r, g, b);
@@ -35,7 +37,7 @@ void restorePen(PlotState* s, const KeptPen& kept) {
 }
 
 void drawArea(PlotState* s, const float* x, const float* y, int n, int fillColor, int borderColor) {
-  if (s->shading.shadePattern != kPatternNone) {
+  if (s->shading.shadePattern != kPatternNone && s->area.areasFilled) {
     if (s->color.currentColor != fillColor) setColor(s, fillColor);
     fillPolygon(s, x, y, n);
   }
@@ -69,6 +71,13 @@ void fillBox(PlotState* s, int x0, int y0, int x1, int y1, int color) {
   setColor(s, kept);
 }
 
+int chordsOfTurn(const PlotState* s, float radius) {
+  constexpr float kTwoPi = 6.2831853F;
+  if (s->area.circleSpacing < 1) return kUsualChords;
+  const float wanted = kTwoPi * radius / static_cast<float>(s->area.circleSpacing);
+  return wanted < kLeastChords ? kLeastChords : wanted < kMostChords ? static_cast<int>(wanted) : kMostChords;
+}
+
 AreaGroup defaultAreaGroup() {
   constexpr int kPredefined = 17; // patterns
   AreaGroup g;
@@ -87,4 +96,17 @@ void PATCYC(int i, int pattern) {
 
 void NOARLN(void) {
   if (PlotState* s = setterCheck("noarln")) s->area.outlinesDrawn = false;
+}
+
+void NOFILL(void) {
+  if (PlotState* s = setterCheck("nofill")) s->area.areasFilled = false;
+}
+
+void NOBGD(void) {
+  if (PlotState* s = setterCheck("nobgd")) s->area.backgroundsDrawn = false;
+}
+
+void CIRCSP(int spacing) {
+  PlotState* s = setterCheck("circsp");
+  if (s && !checkRange(s, spacing, 0, -1)) s->area.circleSpacing = spacing;
 }

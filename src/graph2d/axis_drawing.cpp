@@ -1,5 +1,6 @@
 #include "graph2d/axis_drawing.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/messages.h"
@@ -66,12 +67,6 @@ struct TickPen {
     back = !back;
   }
 };
-
-bool withinScale(const PlotState* s, int axis, double value) {
-  double a = static_cast<double>(s->scaling.axisStart[axis]), e = static_cast<double>(s->scaling.axisEnd[axis]);
-  double slack = std::fabs(e - a) * 1e-6;
-  return value >= std::fmin(a, e) - slack && value <= std::fmax(a, e) + slack;
-}
 
 // A logarithmic axis with whole decades between its labels has ticks at 2 to 9 times each power of ten.
 bool hasDecadeTicks(const PlotState* s, int axis) {
@@ -292,6 +287,12 @@ int axisOffset(const PlotState* s, int axis, double value) {
   return static_cast<int>((value - a) * (s->axis.axisLength[axis] - 1) / (e - a) + 0.5);
 }
 
+bool withinScale(const PlotState* s, int axis, double value) {
+  double a = static_cast<double>(s->scaling.axisStart[axis]), e = static_cast<double>(s->scaling.axisEnd[axis]);
+  double slack = std::fabs(e - a) * 1e-6;
+  return value >= std::fmin(a, e) - slack && value <= std::fmax(a, e) + slack;
+}
+
 TickRange tickRange(const PlotState* s, int axis, double interval) {
   double first = static_cast<double>(s->scaling.axisFirstLabel[axis]);
   double forward = (static_cast<double>(s->scaling.axisEnd[axis]) - first) / interval + kTickSlack;
@@ -325,6 +326,17 @@ void drawAxis(PlotState* s, const AxisPlace& p) {
 
 void eachTick(PlotState* s, int axis, TickMark mark, void* context) {
   drawTicks(s, {axis, kSideBottom, 0, 0, kPartTicks, false}, mark, context);
+}
+
+void drawExtraLabel(PlotState* s, const AxisPlace& p, const char* text, double value, int tickLength) {
+  const int offset = axisOffset(s, p.axis, value), length = textLength(s, text);
+  if (tickLength > 0) {
+    inAxisColor(s, p.axis, kColorTicks, [&] { TickPen{s, p}.tick(offset, tickLength); });
+  }
+  // Next to longer labels of the axis it stands where they do.
+  const int longest = labelsVertical(s, p.axis) == isUpright(p) ? length : std::max(length, longestLabel(s, p.axis));
+  const LabelSpot spot = placeLabel(s, p, offset, length, longest);
+  inAxisColor(s, p.axis, kColorLabels, [&] { textAtWith(s, text, spot.x, spot.y, spot.angle, s->text.textHeight); });
 }
 
 int sideExtent(PlotState* s, int side) {

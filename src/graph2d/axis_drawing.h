@@ -35,6 +35,12 @@ int sideExtent(PlotState* s, int side);
 // Plot position along an axis, from its start, of a value of the scaling in use.
 int axisOffset(const PlotState* s, int axis, double value);
 
+// True for a value of the scaling in use (log10 on a logarithmic axis) on the axis, with a hair of slack.
+bool withinScale(const PlotState* s, int axis, double value);
+
+// A label with a tick of a length, 0 for none, at a value of the scaling in use.
+void drawExtraLabel(PlotState* s, const AxisPlace& place, const char* text, double value, int tickLength);
+
 // Range of i of the ticks first + i * interval within the scaling; at most a fixed number of them.
 struct TickRange {
   int low, high;

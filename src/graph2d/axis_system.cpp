@@ -8,7 +8,6 @@
 #include "core/messages.h"
 #include "core/page.h"
 #include "core/pipeline.h"
-#include "graph2d/area.h"
 #include "graph2d/axis_drawing.h"
 #include "graph2d/legend.h"
 #include "graph2d/polar.h"
@@ -98,8 +97,7 @@ void drawFrame(PlotState* s) {
 
 void drawSystem(PlotState* s) {
   const AxisGroup& a = s->axis;
-  if (a.axisBackgroundColor >= 0)
-    fillBox(s, a.axisPosX, s->scaling.axisTopY, s->scaling.axisRightX, a.axisPosY, a.axisBackgroundColor);
+  fillSystemBackground(s);
   // Axes are solid, whatever the current line type is.
   KeptLineStyle kept = keepLineStyle(s);
   setLineType(s, 0);

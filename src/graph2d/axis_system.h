@@ -14,6 +14,10 @@ void drawGrid(PlotState* s, int nx, int ny);
 // Room of the titles above the axis system, ticks and labels of the top included; 0 if there are none.
 int titleExtent(PlotState* s);
 
+// Fills the area of the axis system, a disc on a round one, in a colour; with the background asked for by AXSBGD.
+void fillSystem(PlotState* s, int color);
+void fillSystemBackground(PlotState* s);
+
 // First attributes of the cycles again.
 void resetCycle(PlotState* s);
 

@@ -193,17 +193,21 @@ void storeScale(PlotState* s, int axis, const AxisScale& scale) {
   }
 }
 
+float scaled(const PlotState* s, int axis, float value) {
+  return s->axis.axisLogScale[axis] == 0 ? value : logarithmOf(s, value);
+}
+
 float logarithmOf(const PlotState* s, float value) {
   return std::log10(value <= 0.0F && s->axis.negativeLogOn ? s->axis.negativeLogValue : value);
 }
 
 float plotX(const PlotState* s, float x) {
-  if (s->axis.axisLogScale[kAxisX] != 0) x = logarithmOf(s, x);
+  x = scaled(s, kAxisX, x);
   return (x - s->scaling.axisStart[kAxisX]) * s->scaling.axisFactorX + s->scaling.axisOriginPlotX;
 }
 
 float plotY(const PlotState* s, float y) {
-  if (s->axis.axisLogScale[kAxisY] != 0) y = logarithmOf(s, y);
+  y = scaled(s, kAxisY, y);
   return s->scaling.axisOriginPlotY - (y - s->scaling.axisStart[kAxisY]) * s->scaling.axisFactorY;
 }
 

@@ -28,7 +28,8 @@ UserLimits userLimits(const PlotState* s, int axis, const AxisScale& scale);
 // Takes the scale into use: factors, origin and the limits of user values.
 void storeScale(PlotState* s, int axis, const AxisScale& scale);
 
-// A value as a logarithmic axis counts it. One without a logarithm becomes that of NEGLOG.
+// The value as the scaling counts it. One without a logarithm becomes that of NEGLOG, or no number.
+float scaled(const PlotState* s, int axis, float value);
 float logarithmOf(const PlotState* s, float value);
 
 // Plot coordinates of user values, counted from the top of the page, ORIGIN not included.

@@ -95,6 +95,7 @@ void applyDefaultSettings(PlotState* s) {
   s->surface = SurfaceGroup{};
   s->horizon.on = false;
   s->measure = PathMeasure{};
+  s->window = ScreenGroup{};
   forgetRecords(s);
   s->shading = ShadingGroup{};
   s->text = defaultTextGroup(s);

@@ -134,7 +134,9 @@ constexpr ResetRow kResetRows[] = {
     {"CHNP", [](PlotState* s, const Defaults&) {
      s->pie.pieCycle = kChartCycleNone;
    }},
-    {"CIRC", nullptr},
+    {"CIRC", [](PlotState* s, const Defaults&) {
+     s->area.circleSpacing = 0;
+   }},
     {"CLPB", [](PlotState* s, const Defaults&) {
      restoreClip(s);
    }},
@@ -277,14 +279,18 @@ constexpr ResetRow kResetRows[] = {
      s->area.outlinesDrawn = true;
    }},
     {"NOBA", nullptr},
-    {"NOBG", nullptr},
+    {"NOBG", [](PlotState* s, const Defaults&) {
+     s->area.backgroundsDrawn = true;
+   }},
     {"NOCH", [](PlotState* s, const Defaults&) {
      s->message.dataCheckOn = true;
    }},
     {"NOCL", [](PlotState* s, const Defaults&) {
      s->clip.clipMode = kClipAuto;
    }},
-    {"NOFI", nullptr},
+    {"NOFI", [](PlotState* s, const Defaults&) {
+     s->area.areasFilled = true;
+   }},
     {"NOGR", [](PlotState* s, const Defaults&) {
      s->axis.noAxesDrawn = false;
    }},
@@ -429,7 +435,9 @@ constexpr ResetRow kResetRows[] = {
     {"WIND", [](PlotState* s, const Defaults&) {
      s->windowSetup.windowPlacementMode = kWindowDefault;
    }},
-    {"WINM", nullptr},
+    {"WINM", [](PlotState* s, const Defaults&) {
+     s->window.endWanted = kEndFull;
+   }},
     {"WINS", [](PlotState* s, const Defaults&) {
      s->windowSetup.windowPlacementMode = kWindowDefault;
    }},

@@ -21,7 +21,7 @@ LEFT_OUT = {"SYMFIL", "QUIFIN", "QUIINI", "METAFL", "SETFIL", "ERRFIL", "ERRDEV"
             "WINDOW", "WINSIZ"}  # pictures of a gigabyte take their time
 
 # They give out arrays of a size that the script tells: results of gigabytes take their time.
-SIZED = {"BEZIER", "HISTOG", "POLCLP", "TRFMAT", "INTUTF", "LEGINI"}
+SIZED = {"BEZIER", "HISTOG", "POLCLP", "TRFMAT", "INTUTF", "LEGINI", "TXTURE"}
 LARGEST = "2147483647"
 
 DEVICES = ["PDF", "PS", "EPS", "PSCL", "PNG", "GIF", "TIFF", "BMP", "PPM", "IMAG", "VIRT"]
