@@ -290,6 +290,7 @@ protected:
   };
   std::vector<Stroke> drawn;
   float cornerX[9] = {}, cornerY[9] = {};
+  float probe[3] = {-1.0F, -1.0F, -1.0F}, tickX = 0.0F, tickY = 0.0F; // a further point of the box, and its place
 
   // Draws the axes seen from a point, with what a test sets before, and takes the places of the corners.
   template <class Settings> void look(float x, float y, float z, Settings settings) {
@@ -305,6 +306,7 @@ protected:
       const float cx = k % 4 == 2 || k % 4 == 3 ? 1.0F : -1.0F, cy = k % 4 == 3 || k % 4 == 0 ? 1.0F : -1.0F;
       ABS3PT(cx, cy, k > 4 ? 1.0F : -1.0F, &cornerX[k], &cornerY[k]);
     }
+    ABS3PT(probe[0], probe[1], probe[2], &tickX, &tickY);
     drawn.clear();
     for (const std::string& line : strokes()) {
       Stroke s{};
@@ -339,11 +341,23 @@ TEST_F(PlaneAxes, LinesOnTheEdgesBeforeTheEye) {
   expectLine(2, 2, 6);
 }
 
-// Between -2 and 2 the eye counts as level with the box, beside which X and Y stand differently.
+// Up to 2, the height of the box, the eye counts as level with it, and the ticks of X hang in the wall before the eye;
+// above that they lie on the floor. A tick of 24 is 24 / 799 of the plane, whose side is 2.
 TEST_F(PlaneAxes, HeightOfTheEye) {
-  look(4, -5, 2, noLabels); // X hangs in the wall before the eye, Y in the one on its right
-  expectLine(0, 1, 2);
-  expectLine(1, 2, 3);
+  constexpr float kTick = 2.0F * 24.0F / 799.0F;
+  for (const float height : {2.0F, 2.1F}) {
+    const bool level = height <= 2.0F;
+    probe[1] = level ? -1.0F : -1.0F - kTick;
+    probe[2] = level ? -1.0F - kTick : -1.0F;
+    look(4, -5, height, [] {
+      noLabels();
+      TICKS(1, "X");
+    });
+    ASSERT_EQ(drawn.size(), 6U);
+    EXPECT_NEAR(drawn[1].x0, cornerX[1], 0.5);
+    EXPECT_NEAR(drawn[1].x1, tickX, 0.5) << height;
+    EXPECT_NEAR(drawn[1].y1, tickY, 0.5) << height;
+  }
   look(4, -5, -5, noLabels); // from below, at the upper ends of their planes
   expectLine(0, 1, 2);
   expectLine(1, 2, 3);
