@@ -637,6 +637,24 @@ void CURV3D(const float* x, const float* y, const float* z, int n); /* 3: a line
 void STRT3D(float x, float y, float z);                             /* 3: a move in user coordinates */
 void CONN3D(float x, float y, float z);                             /* 3: a line to there */
 
+/* ---- Lights ------------------------------------------------------------------------------------------------------ */
+
+/* Colours of lit surfaces by the model of Phong, with eight lights from 1. Intensities are 0 or more, 1 is full;
+ * message 1 otherwise. */
+void LIGHT(const char* mode);          /* 1..3: lighting "ON", "OFF"; default "OFF" */
+void LITMOD(int id, const char* mode); /* setter: one light "ON", "OFF"; default "OFF" */
+/* 1..3: place in box coordinates "ABS", user coordinates "USER", or by angles "ANGL"; default (4, -5, 4) "ABS" */
+void LITPOS(int id, float x, float y, float z, const char* mode);
+/* 1..3: "AMBI", "DIFF", "SPEC"; attenuation "CONS", "LINE", "QUAD"; default 0, 1, 1; 1, 0, 0 */
+void LITOPT(int id, float x, const char* option);
+void LITOP3(int id, float r, float g, float b, const char* option); /* 1..3: "AMBI", "DIFF", "SPEC" as colours */
+/* 1..3: material of the faces of SETFCE, "AMBI", "DIFF", "SPEC", "EXPO"; default 0.2, 0.8, 0, 0 */
+void MATOPT(float x, const char* option);
+void MATOP3(float r, float g, float b, const char* option); /* 1..3: "AMBI", "DIFF", "SPEC" as colours */
+void SETFCE(const char* face);                              /* setter: "TOP", "BOTT", "BOTH"; default "BOTH" */
+/* 1..3: colour index of a point in user coordinates with a normal, on the upper face */
+int GETLIT(float x, float y, float z, float xn, float yn, float zn);
+
 /* ---- Surfaces with hidden lines --------------------------------------------------------------------------------- */
 
 /* Grid arrays have the index of y fastest: the value at (i, j) is z[i * m + j]. Lines are drawn from the front to the

@@ -20,6 +20,7 @@
 #include "graph2d/legend_group.h"
 #include "graph2d/pie_group.h"
 #include "graph3d/horizon_group.h"
+#include "graph3d/light_group.h"
 #include "graph3d/view_group.h"
 #include "raster/raster_group.h"
 #include "run/quick_group.h"
@@ -67,6 +68,7 @@ struct PlotState {
   ViewGroup view;
   BoxTransform boxTransform;
   SurfaceGroup surface;
+  LightGroup light;
   ScreenGroup window;
 
   // Working state.

@@ -9,6 +9,7 @@
 #include "graph2d/scaling.h"
 #include "graph3d/box.h"
 #include "graph3d/box_axes.h"
+#include "graph3d/lighting.h"
 #include "graph3d/planes.h"
 #include "graph3d/view.h"
 #include "quilla/quilla.h"
@@ -112,6 +113,7 @@ void GRAF3D(float xa, float xe, float xor_, float xstep, float ya, float ye, flo
   storeScales(s, scales);
   setFrame(s);
   setView(s);
+  placeLights(s);
   s->boxPen = BoxPen{};
   if (s->axis.centerState == 1) centerBox(s);
   if (!s->axis.noAxesDrawn) drawAxes(s);

@@ -93,6 +93,7 @@ void applyDefaultSettings(PlotState* s) {
   s->boxTransform = BoxTransform{};
   s->plane = PlaneState{};
   s->surface = SurfaceGroup{};
+  s->light = LightGroup{};
   s->horizon.on = false;
   s->measure = PathMeasure{};
   s->window = ScreenGroup{};

@@ -64,6 +64,8 @@ TEST_F(Box, LinesAreCutAtTheView) {
   graf();
   STRT3D(-2, 0, 0);
   CONN3D(2, 1, 0); // enters at (-1, 0.25) and leaves at (1, 0.75)
+  STRT3D(-2.5F, 0, 0);
+  CONN3D(0, 2.5F, 0); // past the corner
   STRT3D(0, 0, 8);
   CONN3D(0.5F, 0, 10); // beyond the box, up to the height of the eye, where x is 0.25
   EXPECT_EQ(strokes(), (std::vector<std::string>{"600.00 900.00 1400.00 700.00", "1000.00 1000.00 1100.00 1000.00"}));
