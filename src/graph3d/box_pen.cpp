@@ -32,7 +32,11 @@ void pageDraw(PlotState* s, const ClipPoint& p) {
 
 // ---- The box ------------------------------------------------------------------------------------------------------
 
-SideClass sideClass(float v, float half) { return v < -half ? kBelow : v > half ? kAbove : kInside; }
+// A point that rounding has moved off a face still lies on it: edges of surfaces that end at the box are drawn.
+SideClass sideClass(float v, float half) {
+  constexpr float kSlack = 1.0F + 1e-5F;
+  return v < -half * kSlack ? kBelow : v > half * kSlack ? kAbove : kInside;
+}
 
 bool outsideBox(const PlotState* s, const float p[3]) {
   const float(&box)[3] = s->viewState.box;

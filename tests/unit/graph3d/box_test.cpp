@@ -47,6 +47,17 @@ TEST_F(Box, LinesAreCutAtTheBox) {
   EXPECT_EQ(strokes(), (std::vector<std::string>{"600.00 1000.00 1000.00 1000.00 1200.00 800.00 1200.00 600.00"}));
 }
 
+// A line on a face is drawn, though rounding has moved it by a hair.
+TEST_F(Box, FacesBelongToTheBox) {
+  openBox();
+  graf();
+  STRT3D(1.000001F, -1, 0);
+  CONN3D(1.000001F, 1, 0);
+  STRT3D(1.001F, -1, 0);
+  CONN3D(1.001F, 1, 0);
+  EXPECT_EQ(strokes().size(), 1U);
+}
+
 TEST_F(Box, WithoutClipLinesLeaveTheBox) {
   openBox();
   CLIP3D("NONE");
