@@ -668,6 +668,89 @@ void CONANG(float degrees);   /* setter: greatest turn of the line before a labe
 void SURSZE(float xa, float xe, float ya, float ye); /* setter: limits of grids told by their values alone; default
                                                         those of the axis system; message 10 if a pair is equal */
 
+/* ---- Three-dimensional axis systems ---------------------------------------------------------------------------- */
+
+/* User coordinates count as the axes do. Box coordinates: the box of AXIS3D around the origin. Settings of the view
+ * take effect with the next GRAF3D; the lengths of AXSLEN give the frame in which the picture stands. */
+void GRAF3D(float xa, float xe, float xor_, float xstep, float ya, float ye, float yor, float ystep, float za, float ze,
+            float zor, float zstep);    /* 1, moves to level 3 */
+void AXIS3D(float x, float y, float z); /* setter: lengths of the box, above 0; default 2, 2, 2 */
+/* setter: eye in box coordinates "ABS", user coordinates "USER", or horizontal angle, vertical angle (degrees) and
+ * distance "ANGL"; outside the box. Default 2, -2.5 and 2 box lengths */
+void VIEW3D(float x, float y, float z, const char* mode);
+void VFOC3D(float x, float y, float z,
+            const char* mode);                /* setter: focus "ABS", "USER"; default the middle of the box */
+void VANG3D(float angle);                     /* setter: angle of view in degrees, between 0 and 180; default 28.07 */
+void VUP3D(float angle);                      /* setter: turns the picture, degrees; default 0 */
+void VCLP3D(float nearPlane, float farPlane); /* setter: distances from the eye; far at most 0: none; default 1, -1 */
+void VSCL3D(float scale);                     /* 1..3: scale of the orthographic projection, above 0; default 1 */
+void PROJ3D(const char* projection);          /* 1: "PERS", "ORTH"; default "PERS" */
+void CLIP3D(const char* mode);                /* setter: lines are cut at the box "WORL", the view "EYE", or "NONE" */
+void LABL3D(const char* style);               /* setter: axes on planes "STAN", on edges "HORI", "PARA", "OTHE" */
+void FLAB3D(void);                            /* setter: AXENDS holds for the axes of the box, too */
+void BOX3D(void);                             /* 3: the twelve edges of the box */
+/* 3: grid lines per label step, across and upwards, on the planes "ALL", "BACK" (the two walls away from the eye),
+ * "BOTT" */
+void GRID3D(int nx, int ny, const char* planes);
+/* 3: the plane through three points in box coordinates, on which two-dimensional axis systems are drawn until GRFFIN:
+ * X runs from the first point to the second, Y from the second to the third. Level 1 afterwards. */
+void GRFINI(float x1, float y1, float z1, float x2, float y2, float z2, float x3, float y3, float z3);
+void GRFFIN(void);                                                       /* 1..3: level 3 afterwards */
+void ABS3PT(float x, float y, float z, float* xp, float* yp);            /* 1..3: plot of box coordinates */
+void POS3PT(float x, float y, float z, float* xp, float* yp, float* zp); /* 3: box of user coordinates */
+void REL3PT(float x, float y, float z, float* xp, float* yp);            /* 3: plot of user coordinates */
+float X3DABS(float x, float y, float z);                                 /* 3: the same one by one */
+float Y3DABS(float x, float y, float z);
+float X3DPOS(float x, float y, float z);
+float Y3DPOS(float x, float y, float z);
+float Z3DPOS(float x, float y, float z);
+float X3DREL(float x, float y, float z);
+float Y3DREL(float x, float y, float z);
+/* 3: a transformation of all that is drawn in box coordinates; each acts after the earlier ones. Angles in degrees. */
+void TR3ROT(float a, float b, float c); /* about the X, then the Y, then the Z axis */
+void TR3SCL(float x, float y, float z);
+void TR3SHF(float x, float y, float z);                             /* in user units */
+void TR3AXS(float x, float y, float z, float angle);                /* about an axis through the origin */
+void TR3RES(void);                                                  /* none again */
+void CURV3D(const float* x, const float* y, const float* z, int n); /* 3: a line, or symbols by INCMRK */
+void STRT3D(float x, float y, float z);                             /* 3: a move in user coordinates */
+void CONN3D(float x, float y, float z);                             /* 3: a line to there */
+
+/* ---- Lights ------------------------------------------------------------------------------------------------------ */
+
+/* Colours of lit surfaces by the model of Phong, with eight lights from 1. Intensities are 0 or more, 1 is full;
+ * message 1 otherwise. */
+void LIGHT(const char* mode);          /* 1..3: lighting "ON", "OFF"; default "OFF" */
+void LITMOD(int id, const char* mode); /* setter: one light "ON", "OFF"; default "OFF" */
+/* 1..3: place in box coordinates "ABS", user coordinates "USER", or by angles "ANGL"; default (4, -5, 4) "ABS" */
+void LITPOS(int id, float x, float y, float z, const char* mode);
+/* 1..3: "AMBI", "DIFF", "SPEC"; attenuation "CONS", "LINE", "QUAD"; default 0, 1, 1; 1, 0, 0 */
+void LITOPT(int id, float x, const char* option);
+void LITOP3(int id, float r, float g, float b, const char* option); /* 1..3: "AMBI", "DIFF", "SPEC" as colours */
+/* 1..3: material of the faces of SETFCE, "AMBI", "DIFF", "SPEC", "EXPO"; default 0.2, 0.8, 0, 0 */
+void MATOPT(float x, const char* option);
+void MATOP3(float r, float g, float b, const char* option); /* 1..3: "AMBI", "DIFF", "SPEC" as colours */
+void SETFCE(const char* face);                              /* setter: "TOP", "BOTT", "BOTH"; default "BOTH" */
+/* 1..3: colour index of a point in user coordinates with a normal, on the upper face */
+int GETLIT(float x, float y, float z, float xn, float yn, float zn);
+
+/* ---- Surfaces with hidden lines --------------------------------------------------------------------------------- */
+
+/* Grid arrays have the index of y fastest: the value at (i, j) is z[i * m + j]. Lines are drawn from the front to the
+ * back, and hidden by those before them. */
+void SURFCE(const float* x, int n, const float* y, int m, const float* z); /* 3: mesh, or bars after POLCRV("BARS") */
+/* 3: mesh of a matrix over the axis limits or those of SURSZE. nx, ny: points of an interval along lines of that
+ * direction; 0 no such lines; -p each p-th line */
+void SURMAT(const float* z, int n, int m, int nx, int ny);
+/* 3: mesh of a function, with lines at steps from the limits before the eye, and nx, ny points of a step along them */
+void SURFUN(float (*function)(float x, float y), int nx, float xstep, int ny, float ystep);
+void SURVIS(const char* side);    /* setter: "AUTO", "TOP", "BOTT", "BOTH"; default "AUTO" */
+void SUROPT(const char* lines);   /* setter: lines of SURFCE "BOTH", along X "XISO", along Y "YISO" */
+void SURCLR(int top, int bottom); /* setter: colours of the two sides, -1 the current one; default -1, -1 */
+void NOHIDE(void);                /* setter: surfaces are drawn without hiding */
+void SHLSUR(void);                /* setter: surfaces hide what is drawn after them, until HIDLIN("OFF") */
+void HIDLIN(const char* mode);    /* 1..3: "ON": lines hide those drawn after them; "OFF" */
+
 /* ---- Quick plots: a whole graph in one call; the plot is opened if there is none, and stays open ---------------- */
 
 void QPLOT(const float* x, const float* y, int n);  /* any: a curve */
@@ -679,7 +762,8 @@ void QPLPIE(const float* x, int n); /* any: a pie */
 /* any: contour lines of n * m values, the Y index fastest, at 0, 1, ...; levels in equal steps from the least value to
  * the greatest; n, m at least 2 */
 void QPLCON(const float* z, int n, int m, int levels);
-void QPLCLR(const float* z, int n, int m); /* any: the cells of such a matrix in colours; n, m at least 2 */
+void QPLCLR(const float* z, int n, int m);      /* any: the cells of such a matrix in colours; n, m at least 2 */
+void QPLSUR(const float* matrix, int n, int m); /* any: a surface over 0 to n - 1 and 0 to m - 1, index of y fastest */
 /* any: scaling of "X" or "Y" in later calls; "RESE": by the data again; default by the data */
 void QPLSCL(float a, float e, float first, float step, const char* axis);
 

@@ -91,11 +91,11 @@ void dashAlong(PlotState* s, const Segment& segment, double length, double from,
 bool visiblePart(const PlotState* s, Segment segment, double length, double& from, double& to) {
   from = 0.0;
   to = length;
-  if (s->transform.transformOn) {
+  ClipBox box = s->plane.on ? planeRegion(s).box : activeRegion(s).box;
+  if (s->transform.transformOn && !s->plane.on) {
     transformPoint(s, segment.x0, segment.y0);
     transformPoint(s, segment.x1, segment.y1);
   }
-  ClipBox box = activeRegion(s).box;
   if (s->line.lineWidthSetting > 1) {
     float reach = static_cast<float>(s->line.lineWidthSetting);
     box = {box.x0 - reach, box.y0 - reach, box.x1 + reach, box.y1 + reach};

@@ -7,6 +7,7 @@
 #include "core/messages.h"
 #include "core/path.h"
 #include "core/pipeline.h"
+#include "core/projection.h"
 #include "device/sink.h"
 
 namespace quilla {
@@ -41,7 +42,7 @@ void fillOnPage(PlotState* s, const float* x, const float* y, int n) {
 
 void fillPolygon(PlotState* s, const float* x, const float* y, int n) {
   flushPath(s);
-  if (n < 3 || s->shading.shadePattern == kPatternNone) return;
+  if (n < 3 || s->shading.shadePattern == kPatternNone || s->measure.on) return;
   float few[2 * kPointsOnStack];
   std::unique_ptr<float[]> many;
   float* points = few;
@@ -53,12 +54,21 @@ void fillPolygon(PlotState* s, const float* x, const float* y, int n) {
   float originX = static_cast<float>(s->page.originX), originY = static_cast<float>(s->page.originY);
   for (int i = 0; i < n; i++) {
     float px = x[i] + originX, py = y[i] + originY;
+    if (s->plane.on) {
+      const PagePoint page = pageOfPlane(s, px, py);
+      px = page.x;
+      py = page.y;
+    }
     if (s->transform.transformOn) transformPoint(s, px, py);
     if (!std::isfinite(px) || !std::isfinite(py)) return;
     points[i] = px;
     points[n + i] = py;
   }
+  // What follows draws on the page.
+  const bool onPlane = s->plane.on;
+  s->plane.on = false;
   fillOnPage(s, points, points + n, n);
+  s->plane.on = onPlane;
 }
 
 void fillSolid(PlotState* s, const float* x, const float* y, int n) {

@@ -59,6 +59,7 @@ void releaseState(PlotState*& s) {
   if (s->device.freeDrivers) s->device.freeDrivers(s);
   if (s->streams.errorFileOpen) std::fclose(s->streams.errorFileStream);
   std::free(s->deviceSetup.psInfoText);
+  delete[] s->horizon.largest;
   delete s;
   s = nullptr;
 }

@@ -54,6 +54,12 @@ struct PathState {
   bool flushRunning = false;
 };
 
+// Working state: while it is on, paths draw nothing but widen the rectangle that holds them.
+struct PathMeasure {
+  bool on = false;
+  float x0 = 0.0F, y0 = 0.0F, x1 = 0.0F, y1 = 0.0F; // plot coordinates, ORIGIN included
+};
+
 // Clip rectangle, and circle inside it, in plot coordinates, inclusive. Set to the whole page at QUIINI.
 struct ClipGroup {
   int clipX0 = 0, clipY0 = 0, clipX1 = 0, clipY1 = 0;

@@ -2,12 +2,14 @@
 #pragma once
 
 #include "core/clipper.h"
+#include "core/horizon.h"
 #include "core/plot_state.h"
 #include "device/sink.h"
 
 namespace quilla {
 
-// Begins a path, or adds a point to it, behind the transformation. The open path is sent when it is full.
+// Begins a path, or adds a point to it, behind the projection of the plane of GRFINI and the transformation. The open
+// path is sent when it is full.
 void startPath(PlotState* s, float x, float y);
 void appendPoint(PlotState* s, float x, float y);
 
@@ -25,6 +27,9 @@ void strokeOutline(PlotState* s, const float* x, const float* y, int n);
 
 ClipRegion activeRegion(const PlotState* s);
 
+// What can be seen of lines on the plane of GRFINI, in coordinates of the plane.
+ClipRegion planeRegion(const PlotState* s);
+
 // A pen whose segments are cut at the clip region.
 struct ClippedPen {
   PlotState* s;
@@ -34,6 +39,13 @@ struct ClippedPen {
   bool down;     // the pen of the device stands at (x, y)
   bool shielded; // lines are cut at shields
 };
+
+// A move or draw behind the clip: through the hidden lines or straight to the sink.
+inline void penToSink(PlotState* s, float x, float y, int code) {
+  if (!s->horizon.on) return qqpen(s, x, y, code);
+  if (code == kPenMove) return horizonMove(s, x, y);
+  horizonDraw(s, x, y);
+}
 
 // Lines do not enter the shields now.
 inline bool isShielded(const PlotState* s) { return s->shield.shieldCount > 0 && !s->shieldingSuspended; }
@@ -51,8 +63,8 @@ inline void moveClipped(ClippedPen& pen, float x, float y) {
 inline void drawClipped(ClippedPen& pen, float x, float y) {
   bool inside = insideRegion(pen.region, x, y);
   if (inside && pen.inside && !pen.shielded) {
-    if (!pen.down) qqpen(pen.s, pen.x, pen.y, kPenMove);
-    qqpen(pen.s, x, y, kPenDraw);
+    if (!pen.down) penToSink(pen.s, pen.x, pen.y, kPenMove);
+    penToSink(pen.s, x, y, kPenDraw);
     pen.down = true;
   } else {
     drawAcrossEdge(pen, x, y);

@@ -1,7 +1,10 @@
 #include "core/pipeline.h"
 
+#include <cmath>
+
 #include "core/page.h"
 #include "core/path.h"
+#include "core/projection.h"
 #include "core/shields.h"
 #include "core/stop_request.h"
 #include "device/sink.h"
@@ -25,8 +28,8 @@ bool drawOutsideShields(PlotState* s, const Segment& part, bool down) {
   int count = piecesOutsideShields(s, part, pieces);
   for (int k = 0; k < count; k++) {
     bool continued = down && k == 0 && pieces[0].x0 == part.x0 && pieces[0].y0 == part.y0;
-    if (!continued) qqpen(s, pieces[k].x0, pieces[k].y0, kPenMove);
-    qqpen(s, pieces[k].x1, pieces[k].y1, kPenDraw);
+    if (!continued) penToSink(s, pieces[k].x0, pieces[k].y0, kPenMove);
+    penToSink(s, pieces[k].x1, pieces[k].y1, kPenDraw);
   }
   return count > 0 && pieces[count - 1].x1 == part.x1 && pieces[count - 1].y1 == part.y1;
 }
@@ -41,20 +44,40 @@ void drawAcrossEdge(ClippedPen& pen, float x, float y) {
     return;
   }
   if (result.visible) {
-    if (!pen.down || result.firstMoved) qqpen(pen.s, part.x0, part.y0, kPenMove);
-    qqpen(pen.s, part.x1, part.y1, kPenDraw);
+    if (!pen.down || result.firstMoved) penToSink(pen.s, part.x0, part.y0, kPenMove);
+    penToSink(pen.s, part.x1, part.y1, kPenDraw);
   }
   pen.down = result.visible && !result.secondMoved;
 }
 
+namespace {
+
+void measurePath(PlotState* s) {
+  const PathState& p = s->path;
+  PathMeasure& m = s->measure;
+  for (int i = 0; i < p.pathCount; i++) {
+    m.x0 = std::fmin(m.x0, p.pathX[i]);
+    m.y0 = std::fmin(m.y0, p.pathY[i]);
+    m.x1 = std::fmax(m.x1, p.pathX[i]);
+    m.y1 = std::fmax(m.y1, p.pathY[i]);
+  }
+}
+
+} // namespace
+
 void sendPath(PlotState* s) {
   PathState& p = s->path;
+  if (s->measure.on) {
+    measurePath(s);
+    p.pathCount = 0;
+  }
   if (p.pathCount > 1 && !p.flushRunning && !stopRequested()) {
     p.flushRunning = true;
     ClippedPen pen{s, activeRegion(s), 0.0F, 0.0F, false, false, isShielded(s)};
     moveClipped(pen, p.pathX[0], p.pathY[0]);
     for (int i = 1; i < p.pathCount; i++) drawClipped(pen, p.pathX[i], p.pathY[i]);
-    if (s->line.lineWidthSetting > 1) strokeOutline(s, p.pathX, p.pathY, p.pathCount);
+    // Behind hidden lines each visible piece has its outline already.
+    if (s->line.lineWidthSetting > 1 && !s->horizon.on) strokeOutline(s, p.pathX, p.pathY, p.pathCount);
     p.flushRunning = false;
   }
   p.pathCount = 0;
@@ -74,8 +97,23 @@ void transformPoint(const PlotState* s, float& x, float& y) {
   y = static_cast<float>(t.yx * px + t.yy * py + t.y1);
 }
 
-void startPath(PlotState* s, float x, float y) {
-  sendPath(s);
+ClipRegion planeRegion(const PlotState* s) {
+  if (s->plane.cutAtAxes) {
+    const int* cut = s->scaling.axisClip;
+    return {{static_cast<float>(cut[0]), static_cast<float>(cut[1]), static_cast<float>(cut[2]),
+             static_cast<float>(cut[3])},
+            false,
+            {}};
+  }
+  // Far outside, a projected line is of no use and its dashes would have no end.
+  constexpr float kReach = 4.0F;
+  const float width = static_cast<float>(s->geometry.pageWidth), height = static_cast<float>(s->geometry.pageHeight);
+  return {{-kReach * width, -kReach * height, kReach * width, kReach * height}, false, {}};
+}
+
+namespace {
+
+void firstPoint(PlotState* s, float x, float y) {
   if (s->transform.transformOn) transformPoint(s, x, y);
   s->path.pathX[0] = x;
   s->path.pathY[0] = y;
@@ -83,7 +121,7 @@ void startPath(PlotState* s, float x, float y) {
 }
 
 // A path of two equal points is a visible dot. In longer ones a point that repeats the last adds nothing.
-void appendPoint(PlotState* s, float x, float y) {
+void nextPoint(PlotState* s, float x, float y) {
   PathState& p = s->path;
   if (s->transform.transformOn) transformPoint(s, x, y);
   int last = p.pathCount - 1;
@@ -98,6 +136,44 @@ void appendPoint(PlotState* s, float x, float y) {
   p.pathX[0] = x;
   p.pathY[0] = y;
   p.pathCount = 1;
+}
+
+void startOnPlane(PlotState* s, float x, float y) {
+  s->plane.penX = x;
+  s->plane.penY = y;
+  if (!insideRegion(planeRegion(s), x, y)) return;
+  const PagePoint page = pageOfPlane(s, x, y);
+  firstPoint(s, page.x, page.y);
+}
+
+// Lines on a plane are cut before they are projected.
+void drawOnPlane(PlotState* s, float x, float y) {
+  Segment part{s->plane.penX, s->plane.penY, x, y};
+  s->plane.penX = x;
+  s->plane.penY = y;
+  const ClipResult result = clipSegment(planeRegion(s), part);
+  if (!result.visible) return sendPath(s);
+  if (s->path.pathCount == 0 || result.firstMoved) {
+    sendPath(s);
+    const PagePoint page = pageOfPlane(s, part.x0, part.y0);
+    firstPoint(s, page.x, page.y);
+  }
+  const PagePoint page = pageOfPlane(s, part.x1, part.y1);
+  nextPoint(s, page.x, page.y);
+  if (result.secondMoved) sendPath(s);
+}
+
+} // namespace
+
+void startPath(PlotState* s, float x, float y) {
+  sendPath(s);
+  if (s->plane.on) return startOnPlane(s, x, y);
+  firstPoint(s, x, y);
+}
+
+void appendPoint(PlotState* s, float x, float y) {
+  if (s->plane.on) return drawOnPlane(s, x, y);
+  nextPoint(s, x, y);
 }
 
 void pathMove(PlotState* s, float x, float y) {

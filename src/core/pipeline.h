@@ -13,6 +13,10 @@ void penDraw(PlotState* s, float x, float y);
 void pathMove(PlotState* s, float x, float y);
 void pathDraw(PlotState* s, float x, float y);
 
+// Points are moved on their way to the page, by TRFROT and its kin or by the plane of GRFINI: what a device draws by
+// itself would not be.
+inline bool isPageMoved(const PlotState* s) { return s->transform.transformOn || s->plane.on; }
+
 // Sends the open path to the device. Every setter that changes pen, width, colour, clip or transformation calls it.
 void flushPath(PlotState* s);
 

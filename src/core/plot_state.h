@@ -22,6 +22,9 @@
 #include "graph2d/legend_group.h"
 #include "graph2d/matrix_group.h"
 #include "graph2d/pie_group.h"
+#include "graph3d/horizon_group.h"
+#include "graph3d/light_group.h"
+#include "graph3d/view_group.h"
 #include "image/fits_group.h"
 #include "raster/raster_group.h"
 #include "run/quick_group.h"
@@ -72,6 +75,10 @@ struct PlotState {
   ShadeModeGroup shadeModes;
   ContourGroup contour;
   ImageGroup image;
+  ViewGroup view;
+  BoxTransform boxTransform;
+  SurfaceGroup surface;
+  LightGroup light;
   ScreenGroup window;
 
   // Working state.
@@ -83,6 +90,7 @@ struct PlotState {
   ScreenLayer screen;
   DashState dash;
   PathState path;
+  PathMeasure measure;
   ClipGroup clip;
   TextState textState;
   ScalingState scaling;
@@ -90,6 +98,10 @@ struct PlotState {
   CycleState cycle;
   LegendState legendState;
   BarState barState;
+  ViewState viewState;
+  BoxPen boxPen;
+  PlaneState plane;
+  HorizonState horizon;
   bool shieldingSuspended = false;  // outlines of shields are not cut
   bool internalCoordinates = false; // a routine of the library draws: y of PAGORG is not reversed
 };

@@ -58,8 +58,17 @@ int visibleColor(const PlotState* s, int setting, int current, int fill) {
 }
 
 void fillBox(PlotState* s, int x0, int y0, int x1, int y1, int color) {
+  const float xs[] = {static_cast<float>(x0), static_cast<float>(x1), static_cast<float>(x1), static_cast<float>(x0)};
+  const float ys[] = {static_cast<float>(y0), static_cast<float>(y0), static_cast<float>(y1), static_cast<float>(y1)};
   flushPath(s);
-  qqbar(s, static_cast<float>(x0), static_cast<float>(y0), static_cast<float>(x1), static_cast<float>(y1), color);
+  if (!s->plane.on) {
+    qqbar(s, xs[0], ys[0], xs[1], ys[2], color);
+    return;
+  }
+  const int kept = s->color.currentColor;
+  setColor(s, color);
+  fillSolid(s, xs, ys, 4);
+  setColor(s, kept);
 }
 
 int chordsOfTurn(const PlotState* s, float radius) {
@@ -72,7 +81,7 @@ int chordsOfTurn(const PlotState* s, float radius) {
 void fillCut(PlotState* s, float x0, float y0, float x1, float y1, int color) {
   if (x0 > x1) std::swap(x0, x1);
   if (y0 > y1) std::swap(y0, y1);
-  if (s->transform.transformOn || s->shield.shieldCount > 0) {
+  if (isPageMoved(s) || s->shield.shieldCount > 0) {
     const float xs[] = {x0, x1, x1, x0}, ys[] = {y0, y0, y1, y1};
     setColor(s, color);
     return fillSolid(s, xs, ys, 4);

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/colors.h"
 #include "core/messages.h"
 #include "core/pipeline.h"
 #include "graph2d/axis_labels.h"
@@ -17,17 +16,9 @@ namespace {
 
 constexpr int kTickLimit = 10000; // ticks of one axis; a step that asks for more is taken as a mistake
 constexpr double kTickSlack = 0.0001;
-enum ColorPart : int { kColorLine = 0, kColorTicks = 1, kColorLabels = 2, kColorName = 3 };
 constexpr int kPositionReverse = 1, kPositionCenter = 2; // TICPOS
 constexpr int kVerticalAngle = 90, kDownwardAngle = 270;
-
-// Runs an action in the colour of a part of the axis.
-template <class Action> void inColor(PlotState* s, int axis, int part, Action action) {
-  int color = s->axis.axisColors[axis][part], kept = s->color.currentColor;
-  if (color >= 0) setColor(s, color);
-  action();
-  if (color >= 0) setColor(s, kept);
-}
+constexpr int kReadDownwards = 2; // of labelOrientation, on axes in a plane of a box
 
 bool isUpright(const AxisPlace& p) { return isUprightSide(p.side); }
 
@@ -55,13 +46,16 @@ struct TickPen {
   const AxisPlace& place;
   bool back = false;
   int drawn = 0;
-  bool cut = false; // ticks were left out
+  bool cut = false;        // ticks were left out
+  TickMark mark = nullptr; // takes the ticks instead of the pen
+  void* context = nullptr;
 
   void tick(int offset, int length) {
     if (drawn++ >= kTickLimit) {
       cut = true;
       return;
     }
+    if (mark) return mark(context, offset, length);
     int inner = 0, outer = length;
     if (s->axis.tickPosition[place.axis] == kPositionReverse) outer = -length;
     if (s->axis.tickPosition[place.axis] == kPositionCenter) {
@@ -166,8 +160,10 @@ void drawAllTicks(PlotState* s, TickPen& pen, const AxisPlace& p) {
   pen.cut = pen.cut || range.cut;
 }
 
-void drawTicks(PlotState* s, const AxisPlace& p) {
+void drawTicks(PlotState* s, const AxisPlace& p, TickMark mark = nullptr, void* context = nullptr) {
   TickPen pen{s, p};
+  pen.mark = mark;
+  pen.context = context;
   drawAllTicks(s, pen, p);
   if (pen.cut) warnCutTicks(s);
 }
@@ -220,6 +216,11 @@ LabelSpot placeLabel(const PlotState* s, const AxisPlace& p, int offset, int len
     return {p.x + start, y, 0};
   }
   if (!isUpright(p)) {
+    if (s->axis.labelOrientation[axis] == kReadDownwards) {
+      int depth = justified(mode, p.side != kSideBottom, p.side == kSideBottom, longest, length);
+      int y = p.side == kSideBottom ? p.y + away + depth : p.y - away - longest + depth;
+      return {p.x + offset + h / 2, y, kDownwardAngle};
+    }
     // Read upwards: the far end of the text lies at the axis below it, its beginning above it.
     int depth = justified(mode, p.side == kSideBottom, p.side != kSideBottom, longest, length);
     int y = p.side == kSideBottom ? p.y + away + longest - depth : p.y - away - depth;
@@ -306,32 +307,36 @@ void drawAxis(PlotState* s, const AxisPlace& p) {
   if (p.parts < kPartLine) return;
   int last = s->axis.axisLength[p.axis] - 1;
   if (s->axis.axisLineOn[p.axis]) {
-    inColor(s, p.axis, kColorLine, [&] { drawLine(s, spotAt(p, 0, 0), spotAt(p, last, 0)); });
+    inAxisColor(s, p.axis, kColorLine, [&] { drawLine(s, spotAt(p, 0, 0), spotAt(p, last, 0)); });
   }
   int away = 0;
   if (p.parts >= kPartTicks && s->axis.tickCount[p.axis] > 0) {
-    inColor(s, p.axis, kColorTicks, [&] { drawTicks(s, p); });
+    inAxisColor(s, p.axis, kColorTicks, [&] { drawTicks(s, p); });
     away = tickRoom(s, p.axis);
   }
   if (p.parts >= kPartLabels && s->axis.labelKind[p.axis] != kLabelNone) {
     int longest = longestLabel(s, p.axis);
-    inColor(s, p.axis, kColorLabels, [&] { drawLabels(s, p, longest); });
+    inAxisColor(s, p.axis, kColorLabels, [&] { drawLabels(s, p, longest); });
     away += s->axis.labelDistance[p.axis] + labelDepth(s, p.axis, p.side, longest);
   }
   if (p.parts >= kPartName) {
-    inColor(s, p.axis, kColorName, [&] { drawName(s, p, away + s->axis.nameDistance[p.axis]); });
+    inAxisColor(s, p.axis, kColorName, [&] { drawName(s, p, away + s->axis.nameDistance[p.axis]); });
   }
+}
+
+void eachTick(PlotState* s, int axis, TickMark mark, void* context) {
+  drawTicks(s, {axis, kSideBottom, 0, 0, kPartTicks, false}, mark, context);
 }
 
 void drawExtraLabel(PlotState* s, const AxisPlace& p, const char* text, double value, int tickLength) {
   const int offset = axisOffset(s, p.axis, value), length = textLength(s, text);
   if (tickLength > 0) {
-    inColor(s, p.axis, kColorTicks, [&] { TickPen{s, p}.tick(offset, tickLength); });
+    inAxisColor(s, p.axis, kColorTicks, [&] { TickPen{s, p}.tick(offset, tickLength); });
   }
   // Next to longer labels of the axis it stands where they do.
   const int longest = labelsVertical(s, p.axis) == isUpright(p) ? length : std::max(length, longestLabel(s, p.axis));
   const LabelSpot spot = placeLabel(s, p, offset, length, longest);
-  inColor(s, p.axis, kColorLabels, [&] { textAtWith(s, text, spot.x, spot.y, spot.angle, s->text.textHeight); });
+  inAxisColor(s, p.axis, kColorLabels, [&] { textAtWith(s, text, spot.x, spot.y, spot.angle, s->text.textHeight); });
 }
 
 int axisExtent(PlotState* s, int axis, int side, int parts) {

@@ -1,6 +1,7 @@
 // Drawing one axis: line, ticks, labels and name.
 #pragma once
 
+#include "core/colors.h"
 #include "core/plot_state.h"
 
 namespace quilla {
@@ -18,6 +19,18 @@ void drawAxis(PlotState* s, const AxisPlace& place);
 
 // Room that an axis with such parts takes on a side outside its line, in plot units.
 int axisExtent(PlotState* s, int axis, int side, int parts);
+// Runs an action in the colour of a part of the axis.
+enum ColorPart : int { kColorLine = 0, kColorTicks = 1, kColorLabels = 2, kColorName = 3 };
+template <class Action> void inAxisColor(PlotState* s, int axis, int part, Action action) {
+  int color = s->axis.axisColors[axis][part], kept = s->color.currentColor;
+  if (color >= 0) setColor(s, color);
+  action();
+  if (color >= 0) setColor(s, kept);
+}
+
+// Calls mark for each tick of an axis: offset from its start, and length.
+using TickMark = void (*)(void* context, int offset, int length);
+void eachTick(PlotState* s, int axis, TickMark mark, void* context);
 
 // Room that a side of the axis system takes outside the axis line, in plot units.
 int sideExtent(PlotState* s, int side);

@@ -110,7 +110,7 @@ struct AxisGroup {
   int labelType[kAxisCount] = {2, 2, 2};  // 1 value as exponent, 2 plain, 3 natural
   int labelPosition[kAxisCount] = {};
   int labelJustify[kAxisCount] = {};
-  int labelOrientation[kAxisCount] = {};
+  int labelOrientation[kAxisCount] = {}; // 0 horizontal, 1 vertical, 2 vertical and read downwards
   int labelDistance[kAxisCount] = {24, 24, 24};
   int axisEndsMode[kAxisCount] = {};
   char axisName[kAxisCount][kLabelTextLimit + 1] = {};

@@ -8,7 +8,6 @@
 #include "core/messages.h"
 #include "core/page.h"
 #include "core/pipeline.h"
-#include "device/sink.h"
 #include "graph2d/axis_drawing.h"
 #include "graph2d/color_bar.h"
 #include "graph2d/legend.h"
@@ -180,6 +179,11 @@ void gridLines(PlotState* s, int axis, int perStep) {
 
 } // namespace
 
+void quilla::drawGrid(PlotState* s, int nx, int ny) {
+  gridLines(s, kAxisX, nx);
+  gridLines(s, kAxisY, ny);
+}
+
 bool quilla::openRectangularSystem(PlotState* s, AxisScale x, AxisScale y) {
   s->axis.axisSystemKind = kSystemRectangular;
   bool fineX = takeScale(s, kAxisX, x), fineY = takeScale(s, kAxisY, y);
@@ -223,6 +227,7 @@ void ENDGRF(void) {
   s->barState = BarState{};
   s->colorScale.barOpen = false;
   s->curve.markerKind = 0;
+  if (s->axis.axisSystemKind == kSystemBox) s->axis.axisSystemKind = kSystemRectangular;
   s->level.plotLevel = kLevelPlot;
 }
 
@@ -234,8 +239,7 @@ void GRID(int nx, int ny) {
   if (s->axis.axisSystemKind == kSystemPolar) return drawPolarGrid(s, nx, ny);
   if (s->axis.axisSystemKind == kSystemRealImaginary) return warnWithText(s, 35, "Routine does not work for GRAFR");
   axisClipOn(s);
-  gridLines(s, kAxisX, nx);
-  gridLines(s, kAxisY, ny);
+  drawGrid(s, nx, ny);
   axisClipOff(s);
 }
 

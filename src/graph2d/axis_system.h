@@ -12,6 +12,9 @@ bool openRectangularSystem(PlotState* s, AxisScale x, AxisScale y);
 // Draws the titles at their place above or below the axis system.
 void drawTitle(PlotState* s);
 
+// Grid lines of the open rectangular system, so many per label step.
+void drawGrid(PlotState* s, int nx, int ny);
+
 // Room of the titles above the axis system, ticks and labels of the top included; 0 if there are none.
 int titleExtent(PlotState* s);
 

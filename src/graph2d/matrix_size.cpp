@@ -27,6 +27,8 @@ using namespace quilla;
 void SURSZE(float xa, float xe, float ya, float ye) {
   PlotState* s = setterCheck("sursze");
   if (!s) return;
+  for (const float limit : {xa, xe, ya, ye})
+    if (!std::isfinite(limit)) return warnPlain(s, 2);
   if (!(std::fabs(xe - xa) > kTiny) || !(std::fabs(ye - ya) > kTiny)) return warnPlain(s, 10);
   s->matrix = {true, {xa, ya}, {xe, ye}};
 }

@@ -203,6 +203,10 @@ bool logarithmsExist(PlotState* s, int axis, std::span<const float> values) {
   return true;
 }
 
+float scaled(const PlotState* s, int axis, float value) {
+  return s->axis.axisLogScale[axis] == 0 ? value : logarithmOf(s, value);
+}
+
 float logarithmOf(const PlotState* s, float value) {
   return std::log10(value <= 0.0F && s->axis.negativeLogOn ? s->axis.negativeLogValue : value);
 }
@@ -295,6 +299,10 @@ void axisClipOn(PlotState* s) {
   ClipGroup& c = s->clip;
   if (c.clipBorderMode == kBorderAxis || s->axis.axisSystemKind == kSystemBox || c.clipMode == kClipNone) return;
   flushPath(s);
+  if (s->plane.on) {
+    s->plane.cutAtAxes = true;
+    return;
+  }
   int saved[4] = {c.clipX0, c.clipY0, c.clipX1, c.clipY1};
   for (int i = 0; i < 4; i++) c.savedClip[i] = saved[i];
   bool round = c.clipMode == kClipCircle ||
@@ -316,6 +324,10 @@ void axisClipOn(PlotState* s) {
 
 void axisClipOff(PlotState* s) {
   ClipGroup& c = s->clip;
+  if (s->plane.on && s->plane.cutAtAxes) {
+    flushPath(s);
+    s->plane.cutAtAxes = false;
+  }
   if (c.clipBorderMode == kBorderAxis || !c.axisClipActive) return;
   setClipRectangle(s, c.savedClip[0], c.savedClip[1], c.savedClip[2], c.savedClip[3]);
   if (!c.clipIsCircle) sendClip(s, 0.0F);

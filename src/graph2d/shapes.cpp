@@ -72,7 +72,7 @@ void fillRectangle(PlotState* s, float x, float y, int nw, int nh, int color) {
   flushPath(s);
   float right = x + static_cast<float>(nw) - 1.0F, bottom = y + static_cast<float>(nh) - 1.0F;
   int paint = color == -1 ? s->color.currentColor : color;
-  if (!s->transform.transformOn && s->shield.shieldCount == 0 && qqbar(s, x, y, right, bottom, paint)) return;
+  if (!isPageMoved(s) && s->shield.shieldCount == 0 && qqbar(s, x, y, right, bottom, paint)) return;
   int kept = s->color.currentColor;
   const float xs[] = {x, right, right, x}, ys[] = {y, y, bottom, bottom};
   setColor(s, paint);

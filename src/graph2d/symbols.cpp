@@ -149,7 +149,7 @@ void drawShape(PlotState* s, int symbol, const Frame& f) {
 
 // Upright symbols on a device with symbols of its own.
 bool drawnByDevice(PlotState* s, int symbol, int height, float x, float y) {
-  if (s->curve.symbolAngle != 0.0F || s->shield.shieldCount != 0 || s->transform.transformOn || s->clip.clipIsCircle)
+  if (s->curve.symbolAngle != 0.0F || s->shield.shieldCount != 0 || isPageMoved(s) || s->clip.clipIsCircle)
     return false;
   flushPath(s);
   return sinkSymbol(s, symbol, x + static_cast<float>(s->page.originX), y + static_cast<float>(s->page.originY),

@@ -4,7 +4,7 @@
 #include "core/colors.h"
 #include "core/levels.h"
 #include "core/pipeline.h"
-#include "device/sink.h"
+#include "graph2d/area.h"
 #include "graph2d/axis_system.h"
 #include "quilla/quilla.h"
 
@@ -34,8 +34,7 @@ void fillSystem(PlotState* s, int color) {
   flushPath(s);
   const int kind = s->axis.axisSystemKind;
   if (kind == kSystemPolar || kind == kSystemRealImaginary) return fillDisc(s, color);
-  qqbar(s, static_cast<float>(s->axis.axisPosX), static_cast<float>(s->scaling.axisTopY),
-        static_cast<float>(s->scaling.axisRightX), static_cast<float>(s->axis.axisPosY), color);
+  fillBox(s, s->axis.axisPosX, s->scaling.axisTopY, s->scaling.axisRightX, s->axis.axisPosY, color);
 }
 
 void fillSystemBackground(PlotState* s) {

@@ -1,6 +1,7 @@
 // Beginning and end of a run: QUIINI and QUIFIN.
 #include <cstdio>
 
+#include "core/horizon.h"
 #include "core/levels.h"
 #include "core/messages.h"
 #include "core/page.h"
@@ -111,6 +112,7 @@ void QUIFIN(void) {
   PlotState* s = strictCheck(1, 3, "quifin");
   if (!s) return;
   flushPath(s);
+  horizonFree(s);
   sinkClose(s);
   s->level.plotLevel = kLevelNone;
   s->counters.runFinished = 1;

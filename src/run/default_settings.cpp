@@ -112,6 +112,13 @@ void applyDefaultSettings(PlotState* s) {
   resetCycle(s);
   s->include = IncludeGroup{};
   s->image = ImageGroup{};
+  s->view = ViewGroup{};
+  s->boxTransform = BoxTransform{};
+  s->plane = PlaneState{};
+  s->surface = SurfaceGroup{};
+  s->light = LightGroup{};
+  s->horizon.on = false;
+  s->measure = PathMeasure{};
   s->window = ScreenGroup{};
   forgetRecords(s);
   s->shading = ShadingGroup{};

@@ -1,6 +1,7 @@
 // Public routines that draw a whole graph from arrays: they open a plot if there is none, and leave it open.
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <memory>
 #include <new>
 #include <span>
@@ -52,10 +53,11 @@ ValueRange rangeOf(std::span<const float> values, float also = NAN) {
 
 // Scales an axis by QPLSCL, or by the data and a further value.
 void scaleAxis(const PlotState* s, int axis, const float* values, int n, float also) {
-  if (s->quickSetup.scaleGiven[axis]) return;
+  if (axis < 2 && s->quickSetup.scaleGiven[axis]) return;
   const ValueRange range = rangeOf({values, static_cast<std::size_t>(n)}, also);
   const float ends[2] = {range.low, range.high};
-  SETSCL(ends, 2, axis == 0 ? "X" : "Y");
+  constexpr const char* kLetters[] = {"X", "Y", "Z"};
+  SETSCL(ends, 2, kLetters[axis]);
 }
 
 void openAxes(const PlotState* s) {
@@ -125,45 +127,65 @@ void QPLBAR(const float* y, int n) {
   SENDBF();
 }
 
+namespace {
+
+// The sides of a matrix: 0, 1, 2, ... False after message 53.
+struct CountedSides {
+  std::unique_ptr<float[]> memory;
+  float *x = nullptr, *y = nullptr;
+  bool make(PlotState* s, int n, int m) {
+    memory.reset(new (std::nothrow) float[static_cast<std::size_t>(n) + static_cast<std::size_t>(m)]);
+    if (!memory) {
+      warnPlain(s, 53);
+      return false;
+    }
+    x = memory.get();
+    y = x + n;
+    for (int i = 0; i < n; i++) x[i] = static_cast<float>(i);
+    for (int j = 0; j < m; j++) y[j] = static_cast<float>(j);
+    return true;
+  }
+};
+
+// The state on a page for a matrix with a least size of its sides. Null after a message.
+PlotState* beginMatrixPlot(const char* name, int n, int m, int least) {
+  PlotState* s = strictCheck(0, 3, name);
+  if (!s || checkRange(s, n, least, -1) || checkRange(s, m, least, std::numeric_limits<int>::max() / n)) return nullptr;
+  return beginQuickPlot(name, n);
+}
+
+} // namespace
+
 void QPLCON(const float* z, int n, int m, int levels) {
   constexpr int kLabelHeight = 25;
   PlotState* s = strictCheck(0, 3, "qplcon");
-  if (!s || checkRange(s, n, 2, -1) || checkRange(s, m, 2, -1)) return;
-  s = beginQuickPlot("qplcon", levels);
-  if (!s) return;
-  const std::size_t nx = static_cast<std::size_t>(n), ny = static_cast<std::size_t>(m);
-  const std::unique_ptr<float[]> memory(new (std::nothrow) float[nx + ny]);
-  if (!memory) return warnPlain(s, 53);
-  float *x = memory.get(), *y = x + nx;
-  for (int i = 0; i < n; i++) x[i] = static_cast<float>(i);
-  for (int j = 0; j < m; j++) y[j] = static_cast<float>(j);
+  if (!s || checkRange(s, levels, 1, -1)) return;
+  s = beginMatrixPlot("qplcon", n, m, 2);
+  CountedSides sides;
+  if (!s || !sides.make(s, n, m)) return;
   LABELS("FLOAT", "CONTOUR");
-  scaleAxis(s, 0, x, n, NAN);
-  scaleAxis(s, 1, y, m, NAN);
+  scaleAxis(s, 0, sides.x, n, NAN);
+  scaleAxis(s, 1, sides.y, m, NAN);
   openAxes(s);
-  const ValueRange range = rangeOf({z, nx * ny});
+  const ValueRange range = rangeOf({z, static_cast<std::size_t>(n) * static_cast<std::size_t>(m)});
   const int height = s->text.textHeight;
   HEIGHT(kLabelHeight);
   for (int i = 0; i < levels && s->level.plotLevel >= kLevelAxis2D; i++) {
     // A single level lies in the middle.
     const float step = levels > 1 ? static_cast<float>(i) : 0.5F, steps = static_cast<float>(std::max(levels - 1, 1));
-    CONTUR(x, n, y, m, z, step * (range.high - range.low) / steps + range.low);
+    CONTUR(sides.x, n, sides.y, m, z, step * (range.high - range.low) / steps + range.low);
   }
   HEIGHT(height);
   SENDBF();
 }
 
 void QPLCLR(const float* z, int n, int m) {
-  PlotState* s = strictCheck(0, 3, "qplclr");
-  if (!s || checkRange(s, n, 2, -1) || checkRange(s, m, 2, -1)) return;
-  s = beginQuickPlot("qplclr", n);
+  PlotState* s = beginMatrixPlot("qplclr", n, m, 2);
   if (!s) return;
   const float endX[2] = {0.0F, static_cast<float>(n - 1)}, endY[2] = {0.0F, static_cast<float>(m - 1)};
   scaleAxis(s, 0, endX, 2, NAN);
   scaleAxis(s, 1, endY, 2, NAN);
-  const ValueRange range = rangeOf({z, static_cast<std::size_t>(n) * static_cast<std::size_t>(m)});
-  const float endZ[2] = {range.low, range.high};
-  SETSCL(endZ, 2, "Z");
+  scaleAxis(s, 2, z, n * m, NAN);
   const float(&q)[2][4] = s->quickSetup.scale;
   GRAF3(q[0][0], q[0][1], q[0][2], q[0][3], q[1][0], q[1][1], q[1][2], q[1][3], 0.0F, 0.0F, 0.0F, 0.0F);
   TITLE();
@@ -171,6 +193,20 @@ void QPLCLR(const float* z, int n, int m) {
   SURSZE(endX[0], endX[1], endY[0], endY[1]);
   CRVMAT(z, n, m, 1, 1);
   s->matrix = kept;
+  SENDBF();
+}
+
+void QPLSUR(const float* matrix, int n, int m) {
+  PlotState* s = beginMatrixPlot("qplsur", n, m, 1);
+  CountedSides sides;
+  if (!s || !sides.make(s, n, m)) return;
+  scaleAxis(s, 0, sides.x, n, NAN);
+  scaleAxis(s, 1, sides.y, m, NAN);
+  scaleAxis(s, 2, matrix, n * m, NAN);
+  const float(&q)[2][4] = s->quickSetup.scale;
+  GRAF3D(q[0][0], q[0][1], q[0][2], q[0][3], q[1][0], q[1][1], q[1][2], q[1][3], 0.0F, 1.0F, 0.0F, 1.0F);
+  TITLE();
+  SURFCE(sides.x, n, sides.y, m, matrix);
   SENDBF();
 }
 

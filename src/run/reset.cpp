@@ -87,7 +87,9 @@ constexpr ResetRow kResetRows[] = {
     {"AXEN", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.axisEndsMode, d.axis.axisEndsMode);
    }},
-    {"AXIS", nullptr},
+    {"AXIS", [](PlotState* s, const Defaults&) {
+     copyField(s->view.boxLength, ViewGroup{}.boxLength);
+   }},
     {"AXSL", [](PlotState* s, const Defaults& d) {
      s->axis.axisLength[kAxisX] = d.axis.axisLength[kAxisX];
      s->axis.axisLength[kAxisY] = d.axis.axisLength[kAxisY];
@@ -182,7 +184,9 @@ constexpr ResetRow kResetRows[] = {
     {"FIXS", [](PlotState* s, const Defaults&) {
      s->text.fixedSpacingOn = false;
    }},
-    {"FLAB", nullptr},
+    {"FLAB", [](PlotState* s, const Defaults&) {
+     s->view.firstLabels = false;
+   }},
     {"FRAM", [](PlotState* s, const Defaults& d) {
      s->axis.frameThickness = d.axis.frameThickness;
    }},
@@ -304,7 +308,9 @@ constexpr ResetRow kResetRows[] = {
     {"NOGR", [](PlotState* s, const Defaults&) {
      s->axis.noAxesDrawn = false;
    }},
-    {"NOHI", nullptr},
+    {"NOHI", [](PlotState* s, const Defaults&) {
+     s->surface.hidingOff = false;
+   }},
     {"NOLI", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.axisLineOn, d.axis.axisLineOn);
    }},
@@ -341,7 +347,9 @@ constexpr ResetRow kResetRows[] = {
     {"POLC", [](PlotState* s, const Defaults& d) {
      s->curve.curveMode = d.curve.curveMode;
    }},
-    {"PROJ", nullptr},
+    {"PROJ", [](PlotState* s, const Defaults&) {
+     s->view.orthographic = false;
+   }},
     {"PSME", [](PlotState* s, const Defaults&) {
      std::free(s->deviceSetup.psInfoText);
      s->deviceSetup.psInfoText = nullptr;
@@ -385,7 +393,9 @@ constexpr ResetRow kResetRows[] = {
      s->shading.shadeFactor = factor;
    }},
     {"SHIE", nullptr},
-    {"SHLS", nullptr},
+    {"SHLS", [](PlotState* s, const Defaults&) {
+     s->surface.shieldKept = false;
+   }},
     {"SMXA", [](PlotState* s, const Defaults& d) {
      copyField(s->text.alphabetShifts, d.text.alphabetShifts);
      s->text.alphabetShiftCount = 0;
@@ -394,11 +404,16 @@ constexpr ResetRow kResetRows[] = {
      s->curve.splineDegree = d.curve.splineDegree;
      s->curve.splinePoints = d.curve.splinePoints;
    }},
-    {"SURC", nullptr},
+    {"SURC", [](PlotState* s, const Defaults&) {
+     s->surface.sideColorsGiven = false;
+     s->surface.upperColor = s->surface.lowerColor = -1;
+   }},
     {"SURS", [](PlotState* s, const Defaults&) {
      s->matrix = MatrixGroup{};
    }},
-    {"SURV", nullptr},
+    {"SURV", [](PlotState* s, const Defaults&) {
+     s->surface.visibleSide = kVisibleAuto;
+   }},
     {"SYMR", [](PlotState* s, const Defaults&) {
      s->curve.symbolAngle = 0.0F;
    }},
@@ -424,7 +439,9 @@ constexpr ResetRow kResetRows[] = {
      s->message.messageUnit = s->streams.errorFileStream ? kUnitFile : kUnitConsole;
      s->streams.messageStream = s->streams.errorFileStream;
    }},
-    {"VIEW", nullptr},
+    {"VIEW", [](PlotState* s, const Defaults&) {
+     s->view.eyeMode = kViewUnset;
+   }},
     {"VKXB", [](PlotState* s, const Defaults&) {
      s->colorBar.barShiftX = 0;
    }},

@@ -214,7 +214,10 @@ struct ScriptFile {
 
 // system_variables.cpp, quick_plots.cpp
 struct QuickPlotState {
-  float axis[3][4]; // start, end, first label, step
+  float axis[3][4];     // start, end, first label, step
+  float box[3];         // %X3LEN and its kin; 0 not assigned
+  float eye[3];         // %X3VIEW and its kin
+  bool eye_assigned[3]; // the default holds for the others
 };
 
 // other_functions.cpp

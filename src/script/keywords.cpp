@@ -85,6 +85,7 @@ void run_keyword(int keyword, const char* text) {
   case kPlot3: return run_plot3();
   case kPlot3r: return run_plot3r();
   case kSurf3: return run_surf3();
+  case kSurface: return run_surface();
   case kBreak: return run_break();
   case kCall: return run_call(text);
   case kContinue: return run_continue();
@@ -94,7 +95,6 @@ void run_keyword(int keyword, const char* text) {
   case kReturn: return run_return();
   case kSubroutine: return run_header(false);
   case kConshade:
-  case kSurface:
   case kSurshade: return report_unavailable("Statement", kKeywordNames[keyword]);
   }
 }

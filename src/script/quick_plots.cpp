@@ -109,10 +109,10 @@ DataRange array_range(const float* values, int n) {
   return range;
 }
 
-DataRange data_range(int first) {
+DataRange data_range(int first, int step) {
   DataRange range{};
   bool started = false;
-  for (int i = first; i < operand_count(); i += 2) {
+  for (int i = first; i < operand_count(); i += step) {
     const ScriptValue& v = *peek_operand(i);
     widen(range, started, elements<float>(v), v.count);
   }

@@ -14,6 +14,7 @@ struct DataRange {
 void run_plot(bool scatter);
 
 void run_contour();
+void run_surface();
 void run_plot3();
 void run_plot3r();
 void run_surf3();
@@ -36,8 +37,8 @@ void begin_quick_plot();
 // Lowest and highest element of an array, 0 if there is none.
 DataRange array_range(const float* values, int n);
 
-// Lowest and highest element of the arrays at the operands first, first + 2, ...; NaN elements take no part.
-DataRange data_range(int first);
+// Lowest and highest element of the arrays at the operands first, first + step, ...; NaN elements take no part.
+DataRange data_range(int first, int step = 2);
 
 // Scaling of axis 1, 2 or 3 from a range and the system variables of that axis.
 void scale_axis(DataRange range, int axis);

@@ -59,6 +59,23 @@ void set_y_resolution(const ScriptValue& v) {
   SETRES(width, v.value.i);
 }
 void set_contour_shading(const ScriptValue& v) { SHDMOD(text_of(v), "CONTOUR"); }
+// Only a length above 0 stays.
+template <int axis> void set_box_length(const ScriptValue& v) {
+  constexpr float kDefault = 2.0F;
+  float lengths[3];
+  for (int i = 0; i < 3; ++i) lengths[i] = interp.quick.box[i] > 0.0F ? interp.quick.box[i] : kDefault;
+  lengths[axis] = to_float(v.value.d);
+  AXIS3D(lengths[0], lengths[1], lengths[2]);
+  if (lengths[axis] > 0.0F) interp.quick.box[axis] = lengths[axis];
+}
+template <int axis> void set_eye(const ScriptValue& v) {
+  constexpr float kDefault[3] = {4.0F, -5.0F, 4.0F};
+  float eye[3];
+  interp.quick.eye[axis] = to_float(v.value.d);
+  interp.quick.eye_assigned[axis] = true;
+  for (int i = 0; i < 3; ++i) eye[i] = interp.quick.eye_assigned[i] ? interp.quick.eye[i] : kDefault[i];
+  VIEW3D(eye[0], eye[1], eye[2], "ABS");
+}
 void set_x_position(const ScriptValue& v) {
   int nx = 0, ny = 0;
   GETPOS(&nx, &ny);
@@ -100,12 +117,12 @@ constexpr SystemVariableRow kSystemVariables[kSystemVariableCount] = {
     {"X", kString, set_axis_name<'x'>},
     {"Y", kString, set_axis_name<'y'>},
     {"Z", kString, set_axis_name<'z'>},
-    {"X3LEN", kDouble, nullptr},
-    {"Y3LEN", kDouble, nullptr},
-    {"Z3LEN", kDouble, nullptr},
-    {"X3VIEW", kDouble, nullptr},
-    {"Y3VIEW", kDouble, nullptr},
-    {"Z3VIEW", kDouble, nullptr},
+    {"X3LEN", kDouble, set_box_length<0>},
+    {"Y3LEN", kDouble, set_box_length<1>},
+    {"Z3LEN", kDouble, set_box_length<2>},
+    {"X3VIEW", kDouble, set_eye<0>},
+    {"Y3VIEW", kDouble, set_eye<1>},
+    {"Z3VIEW", kDouble, set_eye<2>},
     {"XAUTO", kInt, nullptr},
     {"YAUTO", kInt, nullptr},
     {"ZAUTO", kInt, nullptr},

@@ -70,7 +70,7 @@ constexpr RoutineRow kValueRoutines[kValueRoutineCount] = {
     bound<"GETHNM", "", GETHNM>(),
     bound<"GETLEV", "", GETLEV>(),
     bound<"GETLIN", "", GETLIN>(),
-    absent("GETLIT", "X,X,X,X,X,X"),
+    bound<"GETLIT", "X,X,X,X,X,X", GETLIT>(),
     bound<"GETPLV", "", GETPLV>(),
     bound<"GETPAT", "", GETPAT>(),
     bound<"GETTYP", "", GETTYP>(),

@@ -8,6 +8,7 @@
 #include "core/messages.h"
 #include "core/page.h"
 #include "core/pipeline.h"
+#include "core/projection.h"
 #include "core/shields.h"
 #include "device/sink.h"
 #include "quilla/quilla.h"
@@ -116,6 +117,12 @@ void shieldText(PlotState* s, const TextExtent& extent) {
 
 void warnOutOfPage(PlotState* s, const char* what, int x, int y) {
   if (s->textState.pageCheckOff) return;
+  if (s->measure.on) return;
+  if (s->plane.on) {
+    const PagePoint page = pageOfPlane(s, static_cast<float>(x), static_cast<float>(y));
+    x = roundHalfUp(page.x);
+    y = roundHalfUp(page.y);
+  }
   if (x >= 0 && x <= s->geometry.pageWidth && y >= 0 && y <= s->geometry.pageHeight) return;
   char text[64];
   std::snprintf(text, sizeof text, "%s (%5d/%5d) out of page", what, x, y);

@@ -23,7 +23,7 @@ constexpr int kLastDriverCode = 186;
 
 // True if the character is drawn in the driver's font.
 bool byDriver(const PlotState* s, int alphabet) {
-  if (s->font.fontKind != kFontPostScript) return false;
+  if (s->font.fontKind != kFontPostScript || s->plane.on) return false; // no device projects its characters
   const int mode = s->text.psShiftFonts;
   if (alphabet == kAlphabetGreek) return mode == 1 || mode == 3;
   if (alphabet == kAlphabetItalic) return mode == 2 || mode == 3;
@@ -98,7 +98,7 @@ void driverCharacter(PlotState* s, int code) {
   if (t.measureInk) estimateInk(s, code);
   const bool fixed = s->text.fixedSpacingOn;
   const float cell = fixed ? fixedCell(s) : width;
-  if (!t.textMeasure) {
+  if (!t.textMeasure && !s->measure.on) {
     const float inset = (cell - width) / 2.0F, up = t.textUpShift + t.secondUpShift;
     DriverGlyph glyph;
     glyph.code = code;

@@ -30,7 +30,7 @@ REALS = ["0.0", "1.0", "-1.0", "0.5", "2.0", "10.0", "100.0", "1E-30", "1E30", "
 TEXTS = ["''", "'X'", "'XYZ'", "'ON'", "'OFF'", "'NONE'", "'LINE'", "'LOG'", "'[12$]3$ text'", "'{}%&'", "TXT"]
 KEYWORDS = ["AXIS", "PAGE", "FLOA", "EXP", "XEXP", "MYLA", "MAP", "TIME", "DATE", "SPLI", "STEP", "FBAR", "BOTT", "CENT",
             "COLO", "BOTH", "VERT", "REVE", "RAIN", "SMAL", "CROS", "ALL", "DASH", "HALF", "TICK", "RIGH", "GERM", "INST", "RGB",
-            "IND", "PNG", "TIFF", "FIGU", "AUTO", "TRAN"]
+            "IND", "PNG", "TIFF", "FIGU", "AUTO", "TRAN", "ABS", "USER", "ANGL", "EYE", "PARA", "ORTH", "XISO", "BARS"]
 
 
 def operand(field, rng, names):
@@ -70,6 +70,8 @@ def make_script(seed, table):
             opened = True
         if opened and i % 25 == 0:
             lines.append("GRAF(0.0, 10.0, 0.0, 1.0, -1.0, 1.0, -1.0, 0.5)")
+        if opened and i % 50 == 35:
+            lines += ["ENDGRF()", "GRAF3D(0.0, 10.0, 0.0, 1.0, -1.0, 1.0, -1.0, 0.5, 0.0, 2.0, 0.0, 1.0)"]
         name, signature = rng.choice(table)
         operands = ["3000" if name in SIZED and o == LARGEST else o for o in (operand(f, rng, names) for f in signature)]
         lines.append(name + "(" + ", ".join(operands) + ")")

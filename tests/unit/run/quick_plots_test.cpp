@@ -52,6 +52,22 @@ TEST_F(QuickPlots, CurvesShareAGraph) {
   EXPECT_EQ(outputOf([&] { QPLCRV(x, y, 4, "OTHER"); }), " <<<< Warning 2: Incorrect parameter in qplcrv!   (OTHER)\n");
 }
 
+TEST_F(QuickPlots, SurfaceOfAMatrix) {
+  const float z[12] = {0, 0, 1, 0, 0, 5, 2, 0, 0, -1, 0, 0};
+  QPLSUR(z, 3, 4);
+  EXPECT_EQ(GETLEV(), 3);
+  expectAxis("X", 0, 2);
+  expectAxis("Y", 0, 3);
+  expectAxis("Z", -1, 5);
+  EXPECT_NEAR(X3DPOS(2, 0, 0), 1.0F, 1e-6);
+  const int drawn = state()->counters.vectorCount;
+  QPLSUR(z, 4, 3); // on the same page, cleared
+  expectAxis("X", 0, 3);
+  EXPECT_GT(state()->counters.vectorCount, drawn);
+  EXPECT_EQ(state()->counters.warningCount, 0);
+  EXPECT_EQ(outputOf([&] { QPLSUR(z, 3, 0); }), " <<<< Warning 2: Incorrect parameter in qplsur!   (0)\n");
+}
+
 TEST_F(QuickPlots, BarsStandOnZero) {
   const float heights[3] = {5, 7, 6};
   QPLBAR(heights, 3);

@@ -58,9 +58,11 @@ std::string callOf(const RoutineRow& row, bool hasValue) {
   return variable + text + ")\n";
 }
 
-// The name by which a routine reports: its own in lower case, cut at eight characters. TTFONT has always had another.
+// The name by which a routine reports: its own in lower case, cut at eight characters. TTFONT and TR3RES have always
+// had another.
 std::string reportedName(const std::string& routine) {
   if (routine == "TTFONT") return "tffont";
+  if (routine == "TR3RES") return "tr3scl";
   std::string name = routine.substr(0, 8);
   for (char& c : name) c = static_cast<char>(tolower(c));
   return name;

@@ -142,3 +142,23 @@ TEST_F(SystemVariables, AppliedAtEachOpening) {
     testing::internal::GetCapturedStdout();
   }
 }
+
+// Two of three values keep what they are; a length that is none is told to the library, and not kept.
+TEST_F(SystemVariables, BoxAndEye) {
+  open();
+  set("%Y3LEN = 3.5\n%X3VIEW = -6\n%Z3VIEW = 2.5");
+  const quilla::ViewGroup& view = plot().view;
+  EXPECT_EQ(view.boxLength[0], 2.0F);
+  EXPECT_EQ(view.boxLength[1], 3.5F);
+  EXPECT_EQ(view.eyeMode, quilla::kViewAbsolute);
+  EXPECT_EQ(view.eye[0], -6.0F);
+  EXPECT_EQ(view.eye[1], -5.0F);
+  EXPECT_EQ(view.eye[2], 2.5F);
+  EXPECT_NE(run("%Y3LEN = -1\n").find("Warning 2: Incorrect parameter in axis3d!"), std::string::npos);
+  EXPECT_EQ(view.boxLength[1], 3.5F);
+  set("%X3LEN = 4");
+  EXPECT_EQ(view.boxLength[0], 4.0F);
+  EXPECT_EQ(view.boxLength[1], 3.5F);
+  set("%ZLEN = 700");
+  EXPECT_EQ(plot().axis.axisLength[2], 700);
+}
