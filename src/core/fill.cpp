@@ -33,7 +33,9 @@ void paintSolid(PlotState* s, const float* x, const float* y, int n) {
 
 void fillOnPage(PlotState* s, const float* x, const float* y, int n) {
   if (s->shading.shadePattern != kPatternSolid) return hatchPolygon(s, x, y, n);
-  if (s->line.hardwareShading && !isShielded(s) && qqfill(s, x, y, n)) return;
+  // Devices know no circles to cut at, as the edge of azimuthal maps is.
+  const bool onDevice = s->line.hardwareShading && !isShielded(s) && !isAzimuthal(openMapCode(s));
+  if (onDevice && qqfill(s, x, y, n)) return;
   paintSolid(s, x, y, n);
 }
 

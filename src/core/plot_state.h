@@ -18,6 +18,7 @@
 #include "graph2d/curve_group.h"
 #include "graph2d/legend_group.h"
 #include "graph2d/pie_group.h"
+#include "graph2d/projection_group.h"
 #include "raster/raster_group.h"
 #include "run/quick_group.h"
 #include "text/text_group.h"
@@ -41,6 +42,7 @@ struct PlotState {
   UserFiles userFiles;
   RasterSetup rasterSetup;
   QuickSetup quickSetup;
+  ProjectionSetup projectionSetup;
 
   // Run lifetime: set by the default settings of QUIINI and by RESET("ALL").
   MessageGroup message;
@@ -61,6 +63,7 @@ struct PlotState {
   BarGroup bar;
   PieGroup pie;
   ImageGroup image;
+  ProjectionGroup projection;
 
   // Working state.
   MessageStreams streams;
@@ -76,6 +79,7 @@ struct PlotState {
   CycleState cycle;
   LegendState legendState;
   BarState barState;
+  ProjectionState map;
   bool shieldingSuspended = false;  // outlines of shields are not cut
   bool internalCoordinates = false; // a routine of the library draws: y of PAGORG is not reversed
 };

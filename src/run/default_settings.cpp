@@ -89,6 +89,7 @@ void applyDefaultSettings(PlotState* s) {
   resetCycle(s);
   s->include = IncludeGroup{};
   s->image = ImageGroup{};
+  s->projection = ProjectionGroup{};
   forgetRecords(s);
   s->shading = ShadingGroup{};
   s->text = defaultTextGroup(s);
