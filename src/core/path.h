@@ -23,12 +23,6 @@ void drawDashed(PlotState* s, float x0, float y0, float x1, float y1, bool conti
 // The outline of a line of n points that is wider than the device draws it.
 void strokeOutline(PlotState* s, const float* x, const float* y, int n);
 
-// Projection code of the open map axis system; 0 if no map is open.
-inline int openMapCode(const PlotState* s) {
-  bool open = s->axis.axisSystemKind == kSystemMap && s->level.plotLevel >= kLevelAxis2D;
-  return open ? s->map.projection.code : kProjPlain;
-}
-
 ClipRegion activeRegion(const PlotState* s);
 
 // A pen whose segments are cut at the clip region.

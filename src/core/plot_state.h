@@ -19,6 +19,7 @@
 #include "graph2d/legend_group.h"
 #include "graph2d/pie_group.h"
 #include "graph2d/projection_group.h"
+#include "map/map_group.h"
 #include "raster/raster_group.h"
 #include "run/quick_group.h"
 #include "text/text_group.h"
@@ -64,6 +65,7 @@ struct PlotState {
   PieGroup pie;
   ImageGroup image;
   ProjectionGroup projection;
+  MapDataGroup mapData;
 
   // Working state.
   MessageStreams streams;

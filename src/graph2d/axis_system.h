@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/plot_state.h"
+#include "graph2d/axis_drawing.h"
 
 namespace quilla {
 
@@ -10,6 +11,12 @@ void drawTitle(PlotState* s);
 
 // Room of the titles above the axis system, ticks and labels of the top included; 0 if there are none.
 int titleExtent(PlotState* s);
+
+// Moves the system so that it stands with labels, names and title in the middle of the page.
+void centerSystem(PlotState* s);
+
+// Background, axes of the four sides and frame of a rectangular system; where a value stands on an axis may be told.
+void drawFourSidedSystem(PlotState* s, OffsetOnAxis alongX, OffsetOnAxis alongY);
 
 // First attributes of the cycles again.
 void resetCycle(PlotState* s);

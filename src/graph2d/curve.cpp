@@ -92,13 +92,13 @@ void drawSymbols(PlotState* s, const CurveData& d) {
 }
 
 // A thick curve is drawn several times, side by side: at 0, +1, -1, +2, -2, ...
-void drawPasses(PlotState* s, const CurveData& d) {
+void drawPasses(PlotState* s, const CurveData& d, CurveLine line) {
   float unit = s->pageSetup.unitFactor;
   int passes = roundHalfUp(static_cast<float>(s->curve.curveThickness) * unit);
   for (int p = 1; p <= (passes > 1 ? passes : 1) && !stopRequested(); p++) {
     s->dash.lineGapSize = static_cast<float>(p % 2 == 0 ? p / 2 : -(p / 2)) / unit;
     resetDash(s);
-    drawCurveLine(s, d);
+    line(s, d);
   }
   s->dash.lineGapSize = 0.0F;
 }
@@ -109,17 +109,12 @@ namespace quilla {
 
 void resetCycle(PlotState* s) { s->cycle = CycleState{}; }
 
-} // namespace quilla
-
-void CURVE(const float* x, const float* y, int n) {
-  PlotState* s = strictCheck(2, 3, "curve");
-  if (!s) return;
-  if (n < 1 || (n == 1 && s->curve.markerStep >= 0)) return warnPlain(s, 2);
+void drawCurve(PlotState* s, const CurveData& data, CurveLine line) {
+  if (data.n < 1 || (data.n == 1 && s->curve.markerStep >= 0)) return warnPlain(s, 2);
   if (s->axis.axisSystemKind == kSystemPolar && !fitsPolarSystems(s->curve.curveMode)) {
     return warnWithText(s, 160, "Bad interpolation method for polar scaling");
   }
-  if (!logarithmsExist(s, kAxisY, y, n) || !logarithmsExist(s, kAxisX, x, n)) return;
-  CurveData data{x, y, n};
+  if (!logarithmsExist(s, kAxisY, data.y, data.n) || !logarithmsExist(s, kAxisX, data.x, data.n)) return;
   KeptPen kept = keepPen(s);
   s->internalCoordinates = true;
   takeCycleAttributes(s);
@@ -127,18 +122,26 @@ void CURVE(const float* x, const float* y, int n) {
   checkPoints(s, data);
   axisClipOn(s);
   if (s->curve.markerStep != 0) drawSymbols(s, data);
-  if (s->curve.markerStep >= 0) drawPasses(s, data);
+  if (s->curve.markerStep >= 0) drawPasses(s, data, line);
   flushPath(s);
   axisClipOff(s);
   restorePen(s, kept);
   s->internalCoordinates = false;
   if (s->cycle.curveInCycle == s->curve.curvesPerCycle) {
     s->cycle.curveInCycle = 0;
+    char name[kRoutineNameLength + 1];
+    copyText(name, s->level.routineName, kRoutineNameLength);
     CHNATT();
-    copyText(s->level.routineName, "curve", kRoutineNameLength);
+    copyText(s->level.routineName, name, kRoutineNameLength);
   } else {
     s->cycle.curveInCycle++;
   }
+}
+
+} // namespace quilla
+
+void CURVE(const float* x, const float* y, int n) {
+  if (PlotState* s = strictCheck(2, 3, "curve")) drawCurve(s, {x, y, n}, drawCurveLine);
 }
 
 namespace {

@@ -14,7 +14,14 @@ struct CurveData {
 // the line while nanMode is on; so does a gap beyond the limits of GAPSIZ.
 void drawCurveLine(PlotState* s, const CurveData& data);
 
+// A whole curve: checks, attributes, symbols, and the line as often as it is thick.
+using CurveLine = void (*)(PlotState* s, const CurveData& data);
+void drawCurve(PlotState* s, const CurveData& data, CurveLine line);
+
 // The point is a number, as far as nanMode asks.
 bool isDrawable(const PlotState* s, const CurveData& data, int i);
+
+// Point i continues the line from point i - 1.
+bool continues(const PlotState* s, const CurveData& data, int i);
 
 } // namespace quilla

@@ -13,6 +13,12 @@ struct MapPlane {
 // Point of a projection of the cylindrical, world, conical or azimuthal group; of the plain one the degrees.
 MapPlane projectPoint(const Projection& p, double lon, double lat);
 
+// Degrees at a point of the plane; of a point off the map those of a place on its edge.
+struct MapDegrees {
+  double lon, lat;
+};
+MapDegrees unprojectPoint(const Projection& p, const MapPlane& at);
+
 // Constants of a conic projection with standard parallels at two colatitudes, which may be equal.
 ConicConstants conicConstants(double colatitude1, double colatitude2);
 

@@ -78,10 +78,13 @@ struct ProjectionState {
   Projection projection;
   float mapScale = 1.0F; // plot units per projection unit
   float mapOriginX = 0.0F, mapOriginY = 0.0F;
-  bool curvedFrame = false;             // the edge of the map is no rectangle
-  bool globe = false;                   // an azimuthal map of the whole sphere, inside a circle
-  float globeRadius = 0.0F;             // of its clip circle
-  float lastLon = 0.0F, lastLat = 0.0F; // where the pen of map lines stands, degrees
+  float plainLon = 0.0F, plainLat = 0.0F;       // without a projection: degrees at the origin
+  float plainScaleX = 1.0F, plainScaleY = 1.0F; // and plot units per degree
+  float edgeLon = 0.0F, edgeLat = 0.0F;         // lower left corner in degrees
+  bool curvedFrame = false;                     // the edge of the map is no rectangle
+  bool globe = false;                           // an azimuthal map of the whole sphere, inside a circle
+  float globeRadius = 0.0F;                     // of its clip circle
+  float lastLon = 0.0F, lastLat = 0.0F;         // where the pen of map lines stands, degrees
 };
 
 } // namespace quilla

@@ -242,7 +242,9 @@ Complex impedanceOf(const PlotState* s, Complex r) {
 
 PlotPoint mapToPlot(const PlotState* s, float lon, float lat) {
   const ProjectionState& m = s->map;
-  if (m.projection.code == kProjPlain) return {plotX(s, lon), plotY(s, lat)};
+  if (m.projection.code == kProjPlain) {
+    return {m.mapOriginX + (lon - m.plainLon) * m.plainScaleX, m.mapOriginY - (lat - m.plainLat) * m.plainScaleY};
+  }
   if (m.projection.code == kProjUser) {
     if (s->projectionSetup.userProjection) s->projectionSetup.userProjection(&lon, &lat);
     return {m.mapOriginX + lon, m.mapOriginY - lat};

@@ -90,6 +90,7 @@ void applyDefaultSettings(PlotState* s) {
   s->include = IncludeGroup{};
   s->image = ImageGroup{};
   s->projection = ProjectionGroup{};
+  s->mapData = MapDataGroup{};
   forgetRecords(s);
   s->shading = ShadingGroup{};
   s->text = defaultTextGroup(s);
