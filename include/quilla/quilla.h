@@ -486,6 +486,22 @@ void MAPFIL(const char* name, const char* format); /* setter: file of "MAPF", fo
 void MAPLEV(const char* levels);                   /* setter: "ALL", "LAND", "LAKE", "BOTH", "RIVE"; default "ALL" */
 void MAPDIR(const char* directory);                /* setter: directory of map files; default that of the library */
 
+void WORLD(void); /* 2, 3: coasts and, as MAPOPT tells, borders; warning 118 for "MAPF" without a file */
+void MAP(const char* zone, const char* lines); /* 2, 3: "ALL", "ASIA", "AUST", "EURO", "NORT", "SOUT", "AFRI", "ANTA";
+                                                  "COAS", "POLI" (borders), "ALL" */
+/* 2, 3: fills with the current pattern: "ALL" land, "ANTA", "AFRI", "EURA" or "EURO", "AUST", "NORT", "SOUT", "LAKE",
+ * "LAND" without its lakes, "SEA"; land and sea of the shorelines: "GSHL", "GSHI", "GSHH", "LSEA", "ISEA", "HSEA" */
+void SHDMAP(const char* area);
+/* 2, 3: fill n countries of a continent, or states of the USA, each with a pattern and a colour; docs/map_countries.md
+ * lists their numbers */
+void SHDAFR(const int* numbers, const int* patterns, const int* colors, int n);
+void SHDASI(const int* numbers, const int* patterns, const int* colors, int n);
+void SHDAUS(const int* numbers, const int* patterns, const int* colors, int n);
+void SHDEUR(const int* numbers, const int* patterns, const int* colors, int n);
+void SHDNOR(const int* numbers, const int* patterns, const int* colors, int n);
+void SHDSOU(const int* numbers, const int* patterns, const int* colors, int n);
+void SHDUSA(const int* numbers, const int* patterns, const int* colors, int n);
+
 /* ---- Curves ---------------------------------------------------------------------------------------------------- */
 
 void CURVE(const float* x, const float* y, int n); /* 2, 3: connects points, or marks them (POLCRV, INCMRK) */

@@ -38,6 +38,10 @@ void setPenWidth(PlotState* s, float width);
 void fillPolygon(PlotState* s, const float* x, const float* y, int n);
 void fillSolid(PlotState* s, const float* x, const float* y, int n);
 
+// The same for a polygon of several rings that are joined by bridges, there and back: what lies inside an odd number
+// of rings is filled. No outline is drawn.
+void fillRings(PlotState* s, const float* x, const float* y, int n);
+
 // Projection code of the open map axis system; 0 if no map is open.
 inline int openMapCode(const PlotState* s) {
   bool open = s->axis.axisSystemKind == kSystemMap && s->level.plotLevel >= kLevelAxis2D;

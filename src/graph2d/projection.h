@@ -37,4 +37,7 @@ struct SpherePolar {
 SpherePolar polarAbout(const Projection& p, double lon, double lat);
 MapPlane azimuthalPoint(int code, const SpherePolar& point);
 
+// Distance from the centre on the sphere, by that on the map.
+double azimuthalDistance(int code, double radius);
+
 } // namespace quilla

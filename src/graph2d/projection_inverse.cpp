@@ -80,6 +80,8 @@ MapDegrees unprojectConic(const Projection& p, const MapPlane& at) {
   return {lon * kDegrees, p.southern ? colatitude - 90.0 : 90.0 - colatitude};
 }
 
+} // namespace
+
 double azimuthalDistance(int code, double radius) {
   switch (code) {
   case kProjGnomonic: return std::atan(radius);
@@ -89,6 +91,8 @@ double azimuthalDistance(int code, double radius) {
   default: return radius;
   }
 }
+
+namespace {
 
 // The point at a distance from the centre of the sphere's part, in a direction from north.
 MapDegrees unprojectAzimuthal(const Projection& p, const MapPlane& at) {

@@ -22,7 +22,6 @@ namespace quilla {
 namespace {
 
 constexpr int kCircleChords = 360;
-constexpr int kEdgePoints = 182; // a point for each degree of latitude of a world map, within its limits
 
 // The offset, if it lies on the axis.
 int withinAxis(const PlotState* s, const AxisPlace& p, float offset) {
@@ -76,18 +75,8 @@ OffsetOnAxis mapOffset(const PlotState* s) {
   return s->map.projection.code < kProjMollweide ? straightOffset : crossingOffset;
 }
 
-struct Outline {
-  float x[2 * kEdgePoints], y[2 * kEdgePoints];
-  int n = 0;
-
-  void add(const PlotPoint& p) {
-    x[n] = p.x;
-    y[n++] = p.y;
-  }
-};
-
 // The left edge of a world map upwards and the right one back, a point for each degree.
-void worldOutline(const PlotState* s, Outline& edge) {
+void worldOutline(const PlotState* s, MapOutline& edge) {
   const ScalingState& c = s->scaling;
   const float low = c.axisStart[kAxisY], high = c.axisEnd[kAxisY];
   const int n = static_cast<int>(high - low + 1.5F);
@@ -96,16 +85,16 @@ void worldOutline(const PlotState* s, Outline& edge) {
   for (int i = n - 1; i >= 0; i--) edge.add(mapToPlot(s, c.axisEnd[kAxisX], latitude(i)));
 }
 
-void circleOutline(const PlotState* s, float radius, Outline& edge) {
+void circleOutline(const PlotState* s, float radius, MapOutline& edge) {
   for (int i = 0; i < kCircleChords; i++) {
     const double angle = 2.0 * std::numbers::pi * i / kCircleChords;
     edge.add({s->map.mapOriginX + radius * static_cast<float>(std::cos(angle)),
               s->map.mapOriginY - radius * static_cast<float>(std::sin(angle))});
   }
 }
-static_assert(kCircleChords <= 2 * kEdgePoints);
+static_assert(kCircleChords <= kOutlinePoints);
 
-void drawOutline(PlotState* s, const Outline& edge) {
+void drawOutline(PlotState* s, const MapOutline& edge) {
   penMove(s, edge.x[0], edge.y[0]);
   for (int i = 1; i < edge.n; i++) penDraw(s, edge.x[i], edge.y[i]);
   penDraw(s, edge.x[0], edge.y[0]);
@@ -116,10 +105,14 @@ float circleRadius(const PlotState* s) {
   return static_cast<float>(length[kAxisX] < length[kAxisY] ? length[kAxisX] : length[kAxisY]) / 2.0F;
 }
 
-void mapOutline(const PlotState* s, float growth, Outline& edge) {
+} // namespace
+
+void mapOutline(const PlotState* s, float growth, MapOutline& edge) {
   if (s->map.globe) return circleOutline(s, circleRadius(s) + growth, edge);
   worldOutline(s, edge);
 }
+
+namespace {
 
 // One line inside the other; a negative thickness grows inwards.
 void drawCurvedFrame(PlotState* s) {
@@ -129,7 +122,7 @@ void drawCurvedFrame(PlotState* s) {
   if (s->axis.frameColor >= 0) setColor(s, s->axis.frameColor);
   for (int k = 0; k < lines; k++) {
     const float growth = static_cast<float>(thickness < 0 ? -k : k);
-    Outline edge;
+    MapOutline edge;
     mapOutline(s, growth, edge);
     // The edges of a world map run clockwise: outside is to the left of the pen.
     if (!s->map.globe) s->dash.lineGapSize = -growth / s->pageSetup.unitFactor;
@@ -141,7 +134,7 @@ void drawCurvedFrame(PlotState* s) {
 
 void fillCurvedBackground(PlotState* s) {
   const int kept = s->color.currentColor;
-  Outline edge;
+  MapOutline edge;
   mapOutline(s, 0.0F, edge);
   setColor(s, s->axis.axisBackgroundColor);
   fillSolid(s, edge.x, edge.y, edge.n);
@@ -149,7 +142,7 @@ void fillCurvedBackground(PlotState* s) {
 }
 
 // The outermost place of a world map's edge between two heights on the page.
-float outermost(const PlotState* s, const Outline& edge, int side, float start, float top, float bottom) {
+float outermost(const PlotState* s, const MapOutline& edge, int side, float start, float top, float bottom) {
   const int half = edge.n / 2, first = side == kSideLeft ? 0 : half;
   for (int i = first; i < first + half; i++) {
     if (edge.y[i] < top || edge.y[i] > bottom) continue;
@@ -160,7 +153,7 @@ float outermost(const PlotState* s, const Outline& edge, int side, float start, 
 }
 
 // A latitude beside the edge of a world map; side: kSideLeft or kSideRight.
-void drawLatitudeLabel(PlotState* s, const Outline& edge, int side, const char* text, float lat) {
+void drawLatitudeLabel(PlotState* s, const MapOutline& edge, int side, const char* text, float lat) {
   const ScalingState& c = s->scaling;
   const PlotPoint at = mapToPlot(s, side == kSideLeft ? c.axisStart[kAxisX] : c.axisEnd[kAxisX], lat);
   const int distance = s->axis.labelDistance[kAxisY], height = s->text.textHeight;
@@ -179,7 +172,7 @@ void drawLatitudeLabels(PlotState* s) {
   NumberMixing saved{};
   if (exponents) saved = beginNumberMixing(s);
   char text[kLabelBuffer];
-  Outline edge;
+  MapOutline edge;
   worldOutline(s, edge);
   for (int i = run.first; i >= 0 && i <= run.last; i += run.stride) {
     const double value = labelValue(s, kAxisY, i);

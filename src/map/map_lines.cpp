@@ -21,13 +21,6 @@ constexpr double kRadians = std::numbers::pi / 180.0;
 constexpr double kGreatCirclePiece = 0.01; // radians
 constexpr int kMostPieces = 10000;         // of one line; degrees that ask for more are a mistake
 
-PlotPoint onPage(const ProjectionState& m, const SpherePolar& point) {
-  const MapPlane p = azimuthalPoint(m.projection.code, point);
-  const double scale = static_cast<double>(m.mapScale);
-  return {static_cast<float>(static_cast<double>(m.mapOriginX) + scale * p.x),
-          static_cast<float>(static_cast<double>(m.mapOriginY) - scale * p.y)};
-}
-
 // What lies beyond the reach of an azimuthal map is not drawn; an end out there moves to the edge, in its direction.
 void drawWithinReach(PlotState* s, float lon, float lat) {
   const ProjectionState& m = s->map;
@@ -38,11 +31,11 @@ void drawWithinReach(PlotState* s, float lon, float lat) {
   if (from.distance > reach && to.distance > reach) return;
   if (from.distance > reach) {
     from.distance = reach;
-    const PlotPoint p = onPage(m, from);
+    const PlotPoint p = spherePoint(m, from);
     penMove(s, p.x, p.y);
   }
   to.distance = std::min(to.distance, reach);
-  const PlotPoint p = onPage(m, to);
+  const PlotPoint p = spherePoint(m, to);
   penDraw(s, p.x, p.y);
 }
 
@@ -91,6 +84,13 @@ void drawMapCurve(PlotState* s, const CurveData& d) {
 }
 
 } // namespace
+
+PlotPoint spherePoint(const ProjectionState& m, const SpherePolar& point) {
+  const MapPlane p = azimuthalPoint(m.projection.code, point);
+  const double scale = static_cast<double>(m.mapScale);
+  return {static_cast<float>(static_cast<double>(m.mapOriginX) + scale * p.x),
+          static_cast<float>(static_cast<double>(m.mapOriginY) - scale * p.y)};
+}
 
 void mapMove(PlotState* s, float lon, float lat) {
   const PlotPoint p = plotPoint(s, lon, lat);

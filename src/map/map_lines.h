@@ -1,7 +1,8 @@
 // The pen of map lines. Positions are degrees.
 #pragma once
 
-#include "core/plot_state.h"
+#include "graph2d/projection.h"
+#include "graph2d/scaling.h"
 
 namespace quilla {
 
@@ -12,5 +13,8 @@ void mapDraw(PlotState* s, float lon, float lat);
 
 // A line from where the pen stands, as MAPMOD asks: straight, through a point for each degree, or by a great circle.
 void mapConnect(PlotState* s, float lon, float lat);
+
+// Plot coordinates of a point of an azimuthal map.
+PlotPoint spherePoint(const ProjectionState& m, const SpherePolar& point);
 
 } // namespace quilla

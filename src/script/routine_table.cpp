@@ -1,5 +1,6 @@
 // The table of library routines, in its given order. Rows that are absent have no routine yet.
 #include "quilla/quilla.h"
+#include "script/array_rows.h"
 #include "script/bound_routine.h"
 #include "script/callbacks.h"
 #include "script/name_index.h"
@@ -446,19 +447,19 @@ constexpr RoutineRow kRoutines[kRoutineCount] = {
     bound<"SETSCL", "FR,I,S", SETSCL>(counted(1, 2)),
     bound<"SETVLT", "S", SETVLT>(),
     absent("SETXID", "I,S"),
-    absent("SHDAFR", "IR,IR,IR,I", counted(1, 4), counted(2, 4), counted(3, 4)),
-    absent("SHDASI", "IR,IR,IR,I", counted(1, 4), counted(2, 4), counted(3, 4)),
-    absent("SHDAUS", "IR,IR,IR,I", counted(1, 4), counted(2, 4), counted(3, 4)),
+    own("SHDAFR", "IR,IR,IR,I", run_countries<SHDAFR, "SHDAFR">, counted(1, 4), counted(2, 4), counted(3, 4)),
+    own("SHDASI", "IR,IR,IR,I", run_countries<SHDASI, "SHDASI">, counted(1, 4), counted(2, 4), counted(3, 4)),
+    own("SHDAUS", "IR,IR,IR,I", run_countries<SHDAUS, "SHDAUS">, counted(1, 4), counted(2, 4), counted(3, 4)),
     bound<"SHDCHA", "", SHDCHA>(),
     bound<"SHDCRV", "FR,FR,I,FR,FR,I", SHDCRV>(counted(1,3), counted(2,3), counted(4,6), counted(5,6)),
-    absent("SHDEUR", "IR,IR,IR,I", counted(1, 4), counted(2, 4), counted(3, 4)),
+    own("SHDEUR", "IR,IR,IR,I", run_countries<SHDEUR, "SHDEUR">, counted(1, 4), counted(2, 4), counted(3, 4)),
     bound<"SHDFAC", "X", SHDFAC>(),
-    absent("SHDMAP", "S"),
+    bound<"SHDMAP", "S", SHDMAP>(),
     absent("SHDMOD", "S,S"),
-    absent("SHDNOR", "IR,IR,IR,I", counted(1, 4), counted(2, 4), counted(3, 4)),
+    own("SHDNOR", "IR,IR,IR,I", run_countries<SHDNOR, "SHDEUR">, counted(1, 4), counted(2, 4), counted(3, 4)),
     bound<"SHDPAT", "I", SHDPAT>(),
-    absent("SHDSOU", "IR,IR,IR,I", counted(1, 4), counted(2, 4), counted(3, 4)),
-    absent("SHDUSA", "IR,IR,IR,I", counted(1, 4), counted(2, 4), counted(3, 4)),
+    own("SHDSOU", "IR,IR,IR,I", run_countries<SHDSOU, "SHDEUR">, counted(1, 4), counted(2, 4), counted(3, 4)),
+    own("SHDUSA", "IR,IR,IR,I", run_countries<SHDUSA, "SHDEUR">, counted(1, 4), counted(2, 4), counted(3, 4)),
     bound<"SHIELD", "S,S", SHIELD>(),
     bound<"SHLCIR", "I,I,I", SHLCIR>(),
     bound<"SHLDEL", "I", SHLDEL>(),
@@ -637,7 +638,7 @@ constexpr RoutineRow kRoutines[kRoutineCount] = {
     absent("WINTIT", "S"),
     absent("WINTYP", "S"),
     bound<"WMFMOD", "S,S", WMFMOD>(),
-    absent("WORLD", ""),
+    bound<"WORLD", "", WORLD>(),
     bound<"WPIXEL", "I,I,I", WPIXEL>(),
     own("WPIXLS", "BR,I,I,I,I", run_wpixls, counted(1, 4, 5)),
     own("WPXROW", "BR,I,I,I", run_wpxrow, counted(1, 4)),
