@@ -255,6 +255,17 @@ PlotPoint mapToPlot(const PlotState* s, float lon, float lat) {
           static_cast<float>(static_cast<double>(m.mapOriginY) - scale * p.y)};
 }
 
+bool isOnMap(const PlotState* s, float lon, float lat) {
+  const Projection& p = s->map.projection;
+  if (isAzimuthal(p.code)) {
+    const SpherePolar point = polarAbout(p, static_cast<double>(lon), static_cast<double>(lat));
+    return point.distance <= static_cast<double>(s->projection.maximumAngle);
+  }
+  const ScalingState& c = s->scaling;
+  return lon >= c.axisStart[kAxisX] && lon <= c.axisEnd[kAxisX] && lat >= c.axisStart[kAxisY] &&
+         lat <= c.axisEnd[kAxisY];
+}
+
 PlotPoint plotPoint(const PlotState* s, float x, float y) {
   if (s->axis.axisSystemKind == kSystemMap) return mapToPlot(s, x, y);
   if (s->axis.axisSystemKind == kSystemRealImaginary) return chartPoint(s, x, y);

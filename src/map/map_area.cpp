@@ -74,11 +74,11 @@ int takeRing(Joint& j, MapList<int>& ends, const float* x, const float* y, int n
   return first;
 }
 
-// From the stroke behind a point over the bridge, round the ring from its leftmost point, and back.
-void hangRing(Joint& j, MapList<int>& ends, int point, float x, int leftmost, int before) {
-  const float y = j.points.y[leftmost];
+// From the stroke behind a point over the bridge, which begins at (x, y), round the ring from its leftmost point, and
+// back.
+void hangRing(Joint& j, MapList<int>& ends, int point, float x, float y, int leftmost, int before) {
   const int follower = j.next.items[point];
-  const int back = addPoint(j, x, y, follower), close = addPoint(j, j.points.x[leftmost], y, back);
+  const int back = addPoint(j, x, y, follower), close = addPoint(j, j.points.x[leftmost], j.points.y[leftmost], back);
   const int bridge = addPoint(j, x, y, leftmost);
   for (int k = 0; k < 3; k++) ends.add(0); // bridges are no strokes
   if (failed(j) || ends.failed) return;
@@ -133,8 +133,12 @@ bool hangAll(const RingArea& area, const MapList<RingPlace>& places, Joint& j, M
     if (failed(j) || ends.failed) return false;
     if (first == 0) continue; // the ring that holds all others
     const int leftmost = place.leftmost - start;
-    hangRing(j, ends, hit.point < 0 ? 0 : hit.point, hit.point < 0 ? j.points.x[0] : hit.x, first + leftmost,
-             first + (leftmost + n - 1) % n);
+    const int before = first + (leftmost + n - 1) % n;
+    if (hit.point < 0) { // level with the end of all strokes
+      hangRing(j, ends, 0, j.points.x[0], j.points.y[0], first + leftmost, before);
+    } else {
+      hangRing(j, ends, hit.point, hit.x, j.points.y[first + leftmost], first + leftmost, before);
+    }
     if (failed(j) || ends.failed) return false;
   }
   return true;

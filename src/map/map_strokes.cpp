@@ -8,9 +8,7 @@ namespace quilla {
 
 void strokeTo(MapStroke& m, float lon, float lat, bool move) {
   const float x = lon + m.copy.shift, y = lat * m.copy.factor + m.copy.offset;
-  const ScalingState& c = m.s->scaling;
-  if (isWorld(openMapCode(m.s)) &&
-      (x < c.axisStart[kAxisX] || x > c.axisEnd[kAxisX] || y < c.axisStart[kAxisY] || y > c.axisEnd[kAxisY])) {
+  if (isWorld(openMapCode(m.s)) && !isOnMap(m.s, x, y)) {
     m.broken = true;
     return;
   }

@@ -75,6 +75,24 @@ TEST(MapRings, AreJoinedToOnePolygon) {
   }
 }
 
+// Rings in the corners and at the sides of the one around them touch it.
+TEST(MapRings, MayTouchTheRingAroundThem) {
+  RingArea area;
+  area.enclosed = true;
+  addSquare(area, 0, 0, 100);
+  for (float x : {0.0F, 40.0F, 90.0F}) {
+    for (float y : {0.0F, 40.0F, 90.0F}) addSquare(area, x, y, 10);
+  }
+  MapRing polygon;
+  ASSERT_TRUE(joinRings(area, polygon));
+  for (float x = 2.5F; x < 100; x += 5) {
+    for (float y = 2.5F; y < 100; y += 5) {
+      const auto covered = [](float v) { return v < 10 || (v > 40 && v < 50) || v > 90; };
+      EXPECT_EQ(ringHolds(polygon, x, y), !(covered(x) && covered(y))) << x << ' ' << y;
+    }
+  }
+}
+
 TEST(MapRings, NeedNoRingAroundThem) {
   RingArea area;
   addSquare(area, 10, 10, 20);

@@ -324,4 +324,22 @@ TEST_F(MapSystem, PositionsOfOtherSystems) {
   EXPECT_NEAR(y, 10, 1e-3);
 }
 
+// An image of three pixels, 60 degrees wide each: the first reaches from 150 W to 90 W, the last one to 30 E.
+TEST_F(MapSystem, ImagesEndAtTheEdgeOfTheMap) {
+  const auto fills = [&](const char* projection, float xa, float xe, const char* clip) {
+    place(projection);
+    std::ofstream("a.ppm", std::ios::binary) << "P6 3 1 255\nabcdefghi";
+    CLPMOD(clip);
+    GRAFMP(xa, xe, 0, 60, -80, 80, 0, 30);
+    MAPIMG("a.ppm", 60, 0, 0, 10, -120, 0);
+    const std::size_t triangles = traced("fill").size(), bars = traced("bar").size();
+    std::filesystem::remove("trace.txt");
+    return triangles + 100 * bars;
+  };
+  EXPECT_EQ(fills("EQUA", -180, 180, "AUTO"), 300U); // rectangles
+  EXPECT_EQ(fills("SANS", -180, 180, "AUTO"), 6U);   // two triangles a pixel
+  EXPECT_EQ(fills("SANS", -100, 100, "AUTO"), 4U);   // without the first one
+  EXPECT_EQ(fills("SANS", -100, 100, "NONE"), 6U);
+}
+
 } // namespace
