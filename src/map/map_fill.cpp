@@ -35,10 +35,18 @@ void collect(MapPainter& p, const MapRing& ring) {
   p.overflow = true;
 }
 
+// A projection may have no place for a point.
+bool isFinite(const MapRing& ring) {
+  for (int i = 0; i < ring.n; i++) {
+    if (!std::isfinite(ring.x[i]) || !std::isfinite(ring.y[i])) return false;
+  }
+  return true;
+}
+
 void paintRing(MapPainter& p, MapRing& ring) {
   if (!p.s->map.curvedFrame && p.s->clip.clipMode != kClipNone) cutRingAtWindow(ring, axisWindow(p.s));
   if (ring.failed) return warnPlain(p.s, 53);
-  if (ring.n < 3) return;
+  if (ring.n < 3 || !isFinite(ring)) return;
   if (p.area) return collect(p, ring);
   fillPolygon(p.s, ring.x, ring.y, ring.n);
 }

@@ -45,8 +45,9 @@ void gridLines(PlotState* s, int axis, int perStep) {
   const double first = static_cast<double>(s->scaling.axisFirstLabel[axis]);
   const double step = std::fabs(static_cast<double>(s->scaling.axisStep[axis])) / perStep;
   const double low = static_cast<double>(across.low), high = static_cast<double>(across.high);
-  const double up = (high - first) / step + kSlack, down = (first - low) / step + kSlack;
-  if (up >= kMostLines || down >= kMostLines) return warnCutTicks(s);
+  const double up = std::fmax((high - first) / step + kSlack, -1.0);
+  const double down = std::fmax((first - low) / step + kSlack, -1.0);
+  if (!(up < kMostLines && down < kMostLines)) return warnCutTicks(s);
   auto line = [&](int i) {
     const double value = first + i * step;
     if (value <= high + kSlack * step && value >= low - kSlack * step)
