@@ -44,7 +44,9 @@ bool isFinite(const MapRing& ring) {
 }
 
 void paintRing(MapPainter& p, MapRing& ring) {
-  if (!p.s->map.curvedFrame && p.s->clip.clipMode != kClipNone) cutRingAtWindow(ring, axisWindow(p.s));
+  if (!p.s->map.curvedFrame && p.s->clip.clipMode != kClipNone) {
+    cutRingAtWindow(ring, p.window ? *p.window : axisWindow(p.s));
+  }
   if (ring.failed) return warnPlain(p.s, 53);
   if (ring.n < 3 || !isFinite(ring)) return;
   if (p.area) return collect(p, ring);
@@ -96,6 +98,14 @@ void paintPart(void* painter, MapRing& onPage) { paintRing(*static_cast<MapPaint
 
 } // namespace
 
+MapWindow copyWindow(const PlotState* s, const MapCopy& copy) {
+  constexpr float kPole = 90.0F;
+  const PlotPoint a = plotPoint(s, copy.shift - kHalfWorld, copy.offset - kPole);
+  const PlotPoint b = plotPoint(s, copy.shift + kHalfWorld, copy.offset + kPole);
+  const MapWindow axis = axisWindow(s);
+  return {std::max(a.x, axis.x0), std::max(b.y, axis.y0), std::min(b.x, axis.x1), std::min(a.y, axis.y1)};
+}
+
 void beginWithMapEdge(MapPainter& p) {
   const PlotState* s = p.s;
   MapRing edge;
@@ -104,19 +114,7 @@ void beginWithMapEdge(MapPainter& p) {
     mapOutline(s, -0.5F, outline); // half the length counts a point more than the map is wide
     for (int i = 0; i < outline.n; i++) edge.add(outline.x[i], outline.y[i]);
   } else {
-    MapWindow w = axisWindow(s);
-    if (openMapCode(s) < kProjMollweide) { // there is no sea beside the world and its copies
-      const MapCopies copies = mapCopies(s);
-      for (int i = 0; i < copies.count; i++) {
-        const MapCopy& c = copies.items[i];
-        const PlotPoint a = plotPoint(s, c.shift - kHalfWorld, 0.0F), b = plotPoint(s, c.shift + kHalfWorld, 0.0F);
-        w.x0 = i == 0 ? a.x : std::min(w.x0, a.x);
-        w.x1 = i == 0 ? b.x : std::max(w.x1, b.x);
-      }
-      const MapWindow axis = axisWindow(s);
-      w.x0 = std::max(w.x0, axis.x0);
-      w.x1 = std::min(w.x1, axis.x1);
-    }
+    const MapWindow w = p.window ? *p.window : axisWindow(s);
     edge.add(w.x0, w.y0);
     edge.add(w.x1, w.y0);
     edge.add(w.x1, w.y1);

@@ -13,6 +13,7 @@ struct MapPainter {
   RingArea* area = nullptr;          // of the collected rings
   int mostRings = 0, mostPoints = 0; // limits of the area; 0: none
   bool overflow = false;             // a ring had no room; warning 114 was given
+  const MapWindow* window = nullptr; // what is painted, in place of the whole axis system
 };
 
 // The edge of the map as the first ring of an area.
@@ -20,6 +21,9 @@ void beginWithMapEdge(MapPainter& painter);
 
 // The polygon as a copy of the map shows it.
 void paintOnMap(MapPainter& painter, const float* lon, const float* lat, int n, const MapCopy& copy);
+
+// The place of a copy of the world on a map without curves.
+MapWindow copyWindow(const PlotState* s, const MapCopy& copy);
 
 // Fills the collected area with the current pattern: what lies inside an odd number of its rings.
 void fillArea(MapPainter& painter);

@@ -21,11 +21,10 @@ namespace {
 
 constexpr int kAreaRings = 500, kAreaPoints = 25000;
 
-// Calls an action with each polygon of a low-resolution file on each copy of the map; the file is read again for each.
-template <class Action> void eachLowPolygon(PlotState* s, int file, Action action) {
+// Calls an action with each polygon of a low-resolution file on each of the copies; the file is read again for each.
+template <class Action> void eachLowPolygon(PlotState* s, int file, const MapCopies& copies, Action action) {
   const std::unique_ptr<LowPolygon> polygon(new (std::nothrow) LowPolygon);
   if (!polygon) return warnPlain(s, 53);
-  const MapCopies copies = mapCopies(s);
   for (int i = 0; i < copies.count && !stopRequested(); i++) {
     LowPolygonReader reader{{openMapFile(s, file)}};
     if (!reader.points.file) return;
@@ -41,19 +40,32 @@ bool belongsTo(const LowPolygon& p, int area) {
   return p.keyword == area;
 }
 
-void shadeLow(PlotState* s, int area) {
-  RingArea rings;
-  MapPainter painter{s};
-  if (area == kAreaLand || area == kAreaSea) {
-    painter.area = &rings;
-    painter.mostRings = kAreaRings;
-    painter.mostPoints = kAreaPoints;
-    if (area == kAreaSea) beginWithMapEdge(painter);
+// Collects what an action paints, within the edge of the map for the sea, and fills it. Where copies of the world stand
+// side by side, each is an area of its own.
+template <class Paint> void shadeArea(PlotState* s, bool sea, int mostRings, int mostPoints, Paint paint) {
+  const MapCopies copies = mapCopies(s);
+  const bool apart = openMapCode(s) < kProjMollweide;
+  for (int i = 0; i < (apart ? copies.count : 1) && !stopRequested(); i++) {
+    RingArea rings;
+    MapPainter painter{s, &rings, mostRings, mostPoints};
+    const MapWindow window = copyWindow(s, copies.items[i]);
+    if (apart && (window.x0 >= window.x1 || window.y0 >= window.y1)) continue; // beside the axis system
+    if (apart) painter.window = &window;
+    if (sea) beginWithMapEdge(painter);
+    paint(painter, apart ? MapCopies{{copies.items[i]}, 1} : copies);
+    fillArea(painter);
   }
-  eachLowPolygon(s, kFilePolygons, [&](const LowPolygon& p, const MapCopy& copy) {
-    if (belongsTo(p, area)) paintOnMap(painter, p.lon, p.lat, p.n, copy);
-  });
-  if (painter.area) fillArea(painter);
+}
+
+void shadeLow(PlotState* s, int area) {
+  const auto paint = [s, area](MapPainter& painter, const MapCopies& copies) {
+    eachLowPolygon(s, kFilePolygons, copies, [&](const LowPolygon& p, const MapCopy& copy) {
+      if (belongsTo(p, area)) paintOnMap(painter, p.lon, p.lat, p.n, copy);
+    });
+  };
+  if (area == kAreaLand || area == kAreaSea) return shadeArea(s, area == kAreaSea, kAreaRings, kAreaPoints, paint);
+  MapPainter painter{s};
+  paint(painter, mapCopies(s));
 }
 
 // ---- Databases of shorelines ----
@@ -98,39 +110,40 @@ void paintShore(MapPainter& painter, const MapRing& ring, const MapCopy& copy) {
   }
 }
 
+// False if there is no memory.
+bool paintShores(MapPainter& painter, std::FILE* file, int level, const MapCopy& copy) {
+  MapRing shore;
+  ShoreHeader header;
+  while (!stopRequested() && nextShore(file, header) == ShoreStatus::kPolygon) {
+    const ShoreRead status = readShore(file, header.count, shore);
+    if (status == ShoreRead::kNoMemory) return false;
+    if (status == ShoreRead::kShort) {
+      warnWithText(painter.s, 119, "Read error");
+      return true;
+    }
+    if (header.level == level && shore.n >= 3) paintShore(painter, shore, copy);
+  }
+  return true;
+}
+
 void shadeShores(PlotState* s, int area) {
   const bool sea = area >= kAreaShoresSeaLow;
   const int file = kFileShores + (sea ? area - kAreaShoresSeaLow : area - kAreaShoresLow);
-  const int levels = s->mapData.mapLevels, wanted = levels == kMapLevelsLake && !sea ? 2 : 1;
-  RingArea rings;
-  MapRing shore;
-  MapPainter painter{s};
-  if (sea) {
-    painter.area = &rings;
-    beginWithMapEdge(painter);
-  }
-  const MapCopies copies = mapCopies(s);
-  for (int i = 0; i < copies.count && !stopRequested(); i++) {
-    s->mapData.mapLevels = kMapLevelsAll; // rivers have no area
-    std::FILE* stream = openMapFile(s, file);
-    s->mapData.mapLevels = levels;
-    if (!stream) return;
-    ShoreHeader header;
-    while (!stopRequested() && nextShore(stream, header) == ShoreStatus::kPolygon) {
-      const ShoreRead status = readShore(stream, header.count, shore);
-      if (status == ShoreRead::kShort) {
-        warnWithText(s, 119, "Read error");
-        break;
-      }
-      if (status == ShoreRead::kNoMemory) {
-        std::fclose(stream);
-        return warnPlain(s, 53);
-      }
-      if (header.level == wanted && shore.n >= 3) paintShore(painter, shore, copies.items[i]);
+  const int levels = s->mapData.mapLevels, level = levels == kMapLevelsLake && !sea ? 2 : 1;
+  const auto paint = [=](MapPainter& painter, const MapCopies& copies) {
+    for (int i = 0; i < copies.count && !stopRequested(); i++) {
+      s->mapData.mapLevels = kMapLevelsAll; // rivers have no area
+      std::FILE* stream = openMapFile(s, file);
+      s->mapData.mapLevels = levels;
+      if (!stream) return;
+      const bool fine = paintShores(painter, stream, level, copies.items[i]);
+      std::fclose(stream);
+      if (!fine) return warnPlain(s, 53);
     }
-    std::fclose(stream);
-  }
-  if (painter.area) fillArea(painter);
+  };
+  if (sea) return shadeArea(s, true, 0, 0, paint);
+  MapPainter painter{s};
+  paint(painter, mapCopies(s));
 }
 
 // ---- Countries ----
@@ -149,15 +162,16 @@ void shadeCountries(const char* routine, int family, const CountryList& list) {
   const ShadingGroup keptShading = s->shading;
   const int keptColor = s->color.currentColor;
   MapPainter painter{s};
-  eachLowPolygon(s, family == kStates ? kFileStates : kFileCountries, [&](const LowPolygon& p, const MapCopy& copy) {
-    if (p.country / kFamily != family) return;
-    for (int i = 0; i < list.n; i++) {
-      if (list.numbers[i] != p.country % kFamily) continue;
-      if (list.patterns[i] >= 0) selectPattern(s, list.patterns[i]);
-      if (s->color.currentColor != list.colors[i]) setColor(s, list.colors[i]);
-      return paintOnMap(painter, p.lon, p.lat, p.n, copy);
-    }
-  });
+  eachLowPolygon(s, family == kStates ? kFileStates : kFileCountries, mapCopies(s),
+                 [&](const LowPolygon& p, const MapCopy& copy) {
+                   if (p.country / kFamily != family) return;
+                   for (int i = 0; i < list.n; i++) {
+                     if (list.numbers[i] != p.country % kFamily) continue;
+                     if (list.patterns[i] >= 0) selectPattern(s, list.patterns[i]);
+                     if (s->color.currentColor != list.colors[i]) setColor(s, list.colors[i]);
+                     return paintOnMap(painter, p.lon, p.lat, p.n, copy);
+                   }
+                 });
   s->shading = keptShading;
   if (s->color.currentColor != keptColor) setColor(s, keptColor);
 }
@@ -167,7 +181,7 @@ void shadeCountries(const char* routine, int family, const CountryList& list) {
 void outlineCoasts(PlotState* s) {
   const int levels = s->mapData.mapLevels;
   mapClipOn(s);
-  eachLowPolygon(s, kFilePolygons, [&](const LowPolygon& p, const MapCopy& copy) {
+  eachLowPolygon(s, kFilePolygons, mapCopies(s), [&](const LowPolygon& p, const MapCopy& copy) {
     const bool lake = p.keyword == kAreaLakes;
     if ((levels == kMapLevelsLand && lake) || (levels == kMapLevelsLake && !lake)) return;
     MapStroke stroke{s, copy};

@@ -206,6 +206,24 @@ TEST_F(MapShading, TheSeaHoldsOnlySoManyRings) {
             " <<<< Warning 114: Internal error: Overflow of map coordinates in shdmap!\n");
 }
 
+// Two copies of 300 islands: each copy of the world is an area of its own. The map is 3 units a degree.
+TEST_F(MapShading, TheSeaOfEachCopyIsItsOwn) {
+  std::vector<Shape> shapes;
+  for (int i = 0; i < 300; i++) shapes.push_back({-4003, square(-60 + i % 30, i / 30, 1)});
+  writeLow("map1.dat", shapes);
+  open();
+  MAPDIR("maps");
+  AXSLEN(1261, 541);
+  AXSPOS(600, 1450);
+  NOGRAF();
+  GRAFMP(-90, 330, 0, 60, -90, 90, 0, 30);
+  SHDPAT(16);
+  EXPECT_EQ(outputOf([] { SHDMAP("SEA"); }), "");
+  const std::vector<double> sea = areas(); // of 25 units a square degree: here there are 9
+  ASSERT_EQ(sea.size(), 2U);
+  EXPECT_NEAR((sea[0] + sea[1]) * 25 / 9, 420 * 180 - 600, 2);
+}
+
 TEST_F(MapShading, MessagesOfBadCalls) {
   openMap();
   EXPECT_EQ(outputOf([] { SHDMAP("MOON"); }), " <<<< Warning 2: Incorrect parameter in shdmap!   (MOON)\n");
