@@ -26,9 +26,12 @@ void RESET(
     const char* name); /* setter: a group of settings, by the name of its routine, back to its default; "ALL" all */
 int GETLEV(void);      /* any: level 0..3 */
 double GETVER(void);   /* any: version of the library, 11.5 */
-int GETPLV(void);      /* any: its patch level, 2 */
-void THRINI(int n);    /* before all else: plots in up to n threads, each with its own state */
-void THRFIN(void);     /* ends the use of threads and frees their states */
+/* 0: forgets every setting, as before the first call of the library */
+void DELGLB(void);
+void INCQSL(const char* file); /* any: runs a script of the language; in QSLRUN only, hosts get message 161 */
+int GETPLV(void);              /* any: its patch level, 2 */
+void THRINI(int n);            /* before all else: plots in up to n threads, each with its own state */
+void THRFIN(void);             /* ends the use of threads and frees their states */
 
 /* ---- Device and plot file -------------------------------------------------------------------------------------- */
 
@@ -127,7 +130,44 @@ void NOCHEK(void);             /* setter: no reports of points out of scale */
 void UNIT(FILE* stream);       /* setter: stream of all messages; null: none at all */
 FILE* GETUNI(void);            /* 1..3: stream of messages; null: none */
 void SYMFIL(const char* device, const char* status); /* 0, after QUIFIN: prints the file; "KEEP" or "DELE" */
-void WINAPP(const char* mode);                       /* 0: "CONS", "WIND": the protocol in a message box */
+/* Plot windows 1 to 8: device XWIN to XWI8, else message 56. Levels 1 to 3. */
+void OPNWIN(int n);                   /* opens another window and draws into it; message 133 if it is open */
+void CLSWIN(int n);                   /* messages 134 for the first window, 135 if it is not open */
+void SELWIN(int n);                   /* draws into this window from now on; 135 */
+void HIDWIN(int n, const char* mode); /* "YES" hides, "NO" shows it; 135 */
+int WINID(void);                      /* number of the current window */
+void WINTIT(const char* title);       /* title of the current window */
+void WINICO(const char* file);        /* its icon, a PNG file; message 56 if it cannot be loaded */
+void PAGWIN(int nw, int nh);          /* setter: size in pixels of the picture of windows that scroll */
+/* key "SIZE": routine for a window that the user has resized; its number, page width and height in plot units, window
+ * width and height in pixels; a null pointer ends it */
+void WINCBK(void (*routine)(int window, int nxp, int nyp, int nw, int nh), const char* key);
+void WINTYP(const char* type); /* 0: "STAN", "POPU": without a frame; default "STAN" */
+/* setter: what QUIFIN does: "FULL" waits for the right button or the end of the window, "NOER", "NONE" leaves it open
+ * for the next plot, "NOHO" closes it, "DELA" after a time, "NOMB" waits for a key only; default "FULL" */
+void WINMOD(const char* mode);
+void WINKEY(const char* key);            /* setter: key that goes on, "NONE", "RETU", "ESCA"; default "NONE" */
+void WINOPT(int value, const char* key); /* setter: key "DELA", milliseconds of the delay; default 1000 */
+void GETSCR(int* width, int* height);    /* any: size of the screen in pixels; 853, 603 without one */
+int GETXID(const char* kind);            /* 1..3: number of the window in the window system, 0 without one */
+void SETXID(int id, const char* kind);   /* any: windows open inside this window of another program; "NONE" ends it */
+/* Positions from the mouse, in plot units or pixels; device a window, else message 161. Levels 1 to 3. Without a
+ * display they return at once. */
+int CSRPOS(int* x, int* y);  /* in: where the mouse is put; waits for the left button (5) or a key, gives its code */
+void CSRPT1(int* x, int* y); /* one click */
+/* Clicks, moves with the left button held, or corners of a polygon, until the right button; iret 1: no more room. */
+void CSRPTS(int* xs, int* ys, int nmax, int* n, int* iret);
+void CSRMOV(int* xs, int* ys, int nmax, int* n, int* iret);
+void CSRPOL(int* xs, int* ys, int nmax, int* n, int* iret);
+void CSRLIN(int* x1, int* y1, int* x2, int* y2); /* a line drawn with the mouse */
+void CSRREC(int* x1, int* y1, int* x2, int* y2); /* a rectangle */
+int CSRKEY(void); /* last key: 1 to 4 arrows left, up, right, down, 5, 6 buttons, 27 ESC, else its character */
+void CSRUNI(const char* unit);  /* setter: "PLOT", "PIXE"; default "PLOT" */
+void CSRTYP(const char* shape); /* setter: cursor of these routines: "NONE", "CROS", "ARRO", "VARR"; default "NONE" */
+void SETCSR(const char* shape); /* 1..3: cursor of the window: "CROS", "ARRO", "VARR" */
+void CSRMOD(const char* mode,
+            const char* key);  /* setter: CSRPOS "STAN", "SET", "READ", "GET"; key "POS"; default "STAN" */
+void WINAPP(const char* mode); /* 0: "CONS", "WIND": the protocol in a message box */
 
 /* ---- Page ------------------------------------------------------------------------------------------------------ */
 
@@ -151,6 +191,7 @@ void GETOR(int* nx, int* ny);    /* 1..3: origin */
 void PAGHDR(const char* before, const char* after, int position, int direction); /* 1..3: header with date and time */
 int NXPIXL(int nx, int ny); /* 1..3: pixel of a plot point on screens and rasters */
 int NYPIXL(int nx, int ny);
+int GETDFL(void);                                /* 1..3: 1 if the plot goes to a file, 0 to a window or memory */
 void WINDOW(int nx, int ny, int nw, int nh);     /* any: place and size of the window in pixels */
 void WINSIZ(int nw, int nh);                     /* any: size of the window, or of a raster, in pixels */
 void GETWIN(int* nx, int* ny, int* nw, int* nh); /* 1..3: place and size of the window or raster in pixels */
@@ -180,12 +221,13 @@ void LINTYP(int type);                  /* 1..3: 0..7, in the order of the routi
 void MYLINE(const int* lengths, int n); /* setter: own pattern, drawn, gap, ..., n 1..10 */
 void LINCLR(const int* colors, int n);  /* setter: colours along the pattern, n 0..30 */
 void HWMODE(const char* mode,
-            const char* key);  /* setter: "ON", "OFF"; "LINE", "SHAD": widths and fills of the device; default "ON" */
-void LINWID(int width);        /* 1..3: 1..32000; default 1 */
-void PENWID(float width);      /* 1..3: above 0, up to 32000; default 1 */
-void LNCAP(const char* cap);   /* 1..3: "CUT", "ROUN", "LONG"; default "LONG" */
-void LNJOIN(const char* join); /* 1..3: "SHAR", "ROUN", "TRUN"; default "TRUN" */
-void LNMLT(float limit);       /* 1..3: miter limit, at least 1; default 2 */
+            const char* key); /* setter: "ON", "OFF"; "LINE", "SHAD": widths and fills of the device; default "ON" */
+void LINWID(int width);       /* 1..3: 1..32000; default 1 */
+void PENWID(float width);     /* 1..3: above 0, up to 32000; default 1 */
+void LINMOD(const char* mode, const char* key);  /* 1..3: "ON", "OFF"; key "SMOO": smooth thin lines on true colours */
+void LNCAP(const char* cap);                     /* 1..3: "CUT", "ROUN", "LONG"; default "LONG" */
+void LNJOIN(const char* join);                   /* 1..3: "SHAR", "ROUN", "TRUN"; default "TRUN" */
+void LNMLT(float limit);                         /* 1..3: miter limit, at least 1; default 2 */
 void CLPWIN(int nx, int ny, int nw, int nh);     /* 1..3: clip window, upper left corner and size */
 void CLPBOR(const char* border);                 /* 2, 3: "PAGE", "AXIS"; default "PAGE" */
 void CLPMOD(const char* mode);                   /* setter: "AUTO", "NONE", "CIRC", "RECT"; default "AUTO" */
@@ -243,9 +285,11 @@ int SHLIND(void);                                         /* setter: number of r
 void AREAF(const int* nx, const int* ny, int n);    /* 1..3: polygon */
 void RLAREA(const float* x, const float* y, int n); /* 2, 3: polygon in user coordinates */
 void SHDCRV(const float* x1, const float* y1, int n1, const float* x2, const float* y2,
-            int n2);                                    /* 2, 3: between two curves */
-void NOARLN(void);                                      /* setter: areas without outlines */
-void RECTAN(int nx, int ny, int nw, int nh);            /* 1..3: rectangle, upper left corner and size */
+            int n2);                         /* 2, 3: between two curves */
+void NOFILL(void);                           /* setter: areas without their patterns */
+void CIRCSP(int spacing);                    /* setter: chords of circles in plot units; default 0: 180 chords */
+void NOARLN(void);                           /* setter: areas without outlines */
+void RECTAN(int nx, int ny, int nw, int nh); /* 1..3: rectangle, upper left corner and size */
 void RECFLL(int nx, int ny, int nw, int nh, int color); /* 1..3: rectangle in a colour, -1 the current one */
 void POINT(int nx, int ny, int nb, int nh, int color);  /* 1..3: the same around its middle */
 /* 1..3: arrow; code wxyz: w 0 open, 1 outlined, 2 filled head; x half its width in tenths of its length, 0 as 3; y its
@@ -325,6 +369,10 @@ void TEXOPT(const char* value, const char* option); /* setter: "ON" or "OFF" for
 void TEXVAL(float x,
             const char* option); /* setter: "EXP", "H1BR", "H2BR", "VBRA", "OPER", "WBRA": factors; default 1 */
 void FRMESS(int thickness);      /* setter: frame around texts; default 0 */
+void TXTMOD(const char* mode); /* setter: "OUTL", "FILL": letters of outline fonts as lines or filled; default "OUTL" */
+void TXTOPT(const char* mode,
+            const char* key);    /* setter: "ON", "OFF"; key "MIXA", "SHDC", "FIXS": what MIXALF, ... do */
+int GETBLK(void);                /* 1..3: length of a blank in plot units */
 void TXTBGD(int color);          /* setter: background of texts, -1 none; default -1 */
 void NUMFMT(const char* format); /* setter: "FLOA", "EXP", "FEXP", "LOG", "XEXP"; default "FLOA" */
 void NUMODE(const char* decimal, const char* group, const char* plus,
@@ -351,8 +399,12 @@ void GRIDRE(float re, float im1, float im2, int n);         /* 2, 3: part of a c
 void GRIDIM(float im, float re1, float re2, int n);         /* 2, 3: part of a circle of constant imaginary part */
 void GETRCO(float re, float im, float* r, float* i);        /* 1..3: reflection coefficient of an impedance */
 void GETICO(float r, float i, float* re, float* im);        /* 1..3: impedance of a reflection coefficient */
-void ENDGRF(void);                                          /* 1..3: ends the axis system, back to level 1 */
-void AXSLEN(int nx, int ny);                                /* 1: lengths, at least 2 */
+/* 2, 3: a text at a value of an axis, "X", "Y", "XTOP", "YRIG", or at 3 "Z": the colour bar; tick 0 none,
+ * 1 minor, 2 major; messages 101, 108, 109 */
+void ADDLAB(const char* text, float value, int tick, const char* axis);
+void AXSERS(void);                   /* 2, 3: erases the inside of the axis system */
+void ENDGRF(void);                   /* 1..3: ends the axis system, back to level 1 */
+void AXSLEN(int nx, int ny);         /* 1: lengths, at least 2 */
 void AX3LEN(int nx, int ny, int nz); /* 1: lengths of X and Y axis and of the third axis or colour bar, 2 or more */
 void AXSPOS(int nx, int ny);         /* 1: lower left corner */
 void AXSORG(int nx, int ny);         /* 1: crossing of the axes */
@@ -367,6 +419,7 @@ void CENTER(void);         /* setter: centres the axis system on the page */
 void GRACE(int margin);    /* setter: margin of the clip of curves around the axis system; default 0 */
 void FRAME(int thickness); /* setter: thickness of frames around axis systems, legends and shields; default 1 */
 void FRMCLR(int color);    /* setter: colour of that frame, -1 current; default -1 */
+void NOBGD(void);          /* setter: no backgrounds of AXSBGD, LEGBGD, TXTBGD and of colour graphs */
 void AXSBGD(int color);    /* setter: colour behind the axis system, -1 none; default -1 */
 void GRID(int nx, int ny); /* 2, 3: grid lines per label step */
 void CROSS(void);          /* 2, 3: axes through the origin */
@@ -390,6 +443,7 @@ float Y2DPOS(float x, float y);
 float XINVRS(int nx); /* 2, 3: user value of a plot coordinate */
 float YINVRS(int ny);
 
+void BOX2D(void); /* 1..3: the border of the axis system */
 void XAXIS(float a, float e, float first, float step, int length, const char* name, int it, int nx, int ny);
 /* 1..3: an axis with its start at (nx, ny); it 0: labels below, 1: above */
 void YAXIS(float a, float e, float first, float step, int length, const char* name, int it, int nx, int ny);
@@ -558,7 +612,7 @@ void BAROPT(float depth,
             float angle); /* setter: 3-D bars; depth in plot units, negative: the width of a bar; default -1, 45 */
 /* Labels of bars: LABELS "NONE", "SECO", "FIRS", "MAXI", "MINI", "DELT", "POSI"; LABPOS "AUTO", "INSI", "OUTS", "LEFT",
  * "ABOV", "RIGH", "BELO", "CENT"; LABDIG; LABCLR; each with "BARS" in place of the axis string. */
-void LABCLR(int color, const char* chart); /* setter: "BARS", "PIE" */
+void LABCLR(int color, const char* chart); /* setter: "BARS", "PIE", "CONTOUR" */
 void PATCYC(int i, int pattern);           /* setter: pattern of a set of attributes; i 1..30 */
 
 /* ---- Pies ------------------------------------------------------------------------------------------------------ */
@@ -588,6 +642,83 @@ void PIELAB(const char* text, const char* key); /* setter: up to 20 characters, 
 void PIECBK(void (*routine)(int segment, float value, float percent, int* pattern, int* color, float* exploded,
                             int* labelMode, int* labelPlace, int* labelJustify, int* labelColor));
 
+/* ---- Colour graphs --------------------------------------------------------------------------------------------- */
+
+/* 1: as GRAF, with a scale of colours from za to ze over the range of COLRAN and a bar that shows it; enters level 3.
+ * The bar is as long as the side that it stands at, or as AX3LEN told. */
+void GRAF3(float xa, float xe, float xor_, float xstp, float ya, float ye, float yor, float ystp, float za, float ze,
+           float zor, float zstp);
+/* 3: paints n points in the colours of their values: rectangles of the size of SETRES, symbols or pixels (SHDMOD).
+ * Values below the scale have the colour of the background, those above it that of the foreground. Points outside the
+ * axes are left out. */
+void CURVE3(const float* x, const float* y, const float* z, int n);
+void CURVX3(const float* x, float y, const float* z, int n); /* 3: the same for points of one y */
+void CURVY3(float x, const float* y, const float* z, int n); /* 3: the same for points of one x */
+/* 3: paints the cells of a grid of n * m values, the Y index fastest, over the axis system or the limits of SURSZE.
+ * Each cell is cut into ixpts * iypts parts, which have the colour of their middle. n, m at least 2. */
+void CRVMAT(const float* z, int n, int m, int ixpts, int iypts);
+/* 3: fills quadrilaterals, every four points, each in the colour of its mean */
+void CRVQDR(const float* x, const float* y, const float* z, int n);
+/* 3: fills triangles, whose corners are told by their numbers from 1, with colours that run from corner to corner */
+void CRVTRI(const float* x, const float* y, const float* z, int n, const int* i1, const int* i2, const int* i3,
+            int ntri);
+void COLRAY(const float* z, int* colors, int n); /* 3: the colours of values */
+int NZPOSN(float z);                             /* 3: the colour of a value */
+/* 1..3: a bar of colours with its lower left corner at (nx, ny); it 0: labels to the right or below, 1: to the left or
+ * above; direction 0: upright, 1: level */
+void ZAXIS(float a, float e, float first, float step, int length, const char* name, int it, int direction, int nx,
+           int ny);
+/* 1..3: the same for a logarithmic scale, limits and step as exponents of ten */
+void ZAXLG(float a, float e, float first, float step, int length, const char* name, int it, int direction, int nx,
+           int ny);
+void NOBAR(void);                             /* setter: no bar of colours */
+void WIDBAR(int width);                       /* setter: width of the bar, 0..10000; default 85 */
+void SPCBAR(int distance);                    /* setter: distance of the bar from the axis system; default 85 */
+void GETVK(int* title, int* barX, int* barY); /* 1..3: shifts of VKYTIT, VKXBAR and VKYBAR */
+int GETWID(void);                             /* 1..3: width of the colour bar */
+void VKXBAR(int shift);                       /* setter: shift of the bar to the right; default 0 */
+void VKYBAR(int shift);                       /* setter: shift of the bar downwards; default 0 */
+void POSBAR(const char* side);                /* setter: "RIGH", "LEFT", "TOP", "BOTT"; default "RIGH" */
+void JUSBAR(const char* mode);                /* setter: place along the side: "STAR", "CENT", "END"; default "STAR" */
+void FRMBAR(int lines);               /* setter: lines of the frame of the bar, outward if negative; default 1 */
+void SETRES(int width, int height);   /* setter: size of the rectangles of CURVE3; default 1, 1 */
+void GETRES(int* width, int* height); /* 1..3: their size */
+/* 1..3: rectangles that fill the axis system with nx * ny points, 2..10000; negative: with cells side by side; 0, 0: as
+ * many as the matrix of CRVMAT has */
+void AUTRES(int nx, int ny);
+/* setter: for "SURF" "FLAT", "SMOO"; "CONT" "CELL", "POLY"; "CURV" "RECT", "SYMB", "PIXE", "2D", "3D"; "CELL" "BOTH",
+ * "UPPE", "LOWE", "NONE"; "COLO" "LOWE", "MIDD", "UPPE"; "CULL" "OFF", "ON", "FRON"; "SYMB" "2D", "3D"; "ZSCA" "ON",
+ * "OFF"; default the first of each */
+void SHDMOD(const char* value, const char* key);
+
+/* ---- Contour lines --------------------------------------------------------------------------------------------- */
+
+/* 2, 3: the lines on which a function has the value of a level. z holds n * m values, the Y index fastest: that at
+ * x[i], y[j] is z[i * m + j]. In a cell that leaves a choice the mean of its corners decides. Positive coordinates on
+ * logarithmic axes, else message 27. Each call counts as a curve for legends; THKCRV and the line type hold. */
+void CONTUR(const float* x, int n, const float* y, int m, const float* z, float level);
+/* 2, 3: the same on a curvilinear grid: x and y are matrices as z; messages tell of "contur" */
+void CONTUR2(const float* x, const float* y, const float* z, int n, int m, float level);
+/* 2, 3: the same on a grid in equal steps over the axis system or the limits of SURSZE; n, m at least 2 */
+void CONMAT(const float* z, int n, int m, float level);
+/* 2, 3: a line that is known, drawn and labelled as a contour line; text runs at angle 0 afterwards */
+void CONCRV(const float* x, const float* y, int n, float level);
+/* any: the points of contour lines in user coordinates, line after line; nray: points of each line, ncurvs: lines.
+ * Messages 116 and 117 if there are more than maxpts points or maxcrv lines. */
+void CONPTS(const float* x, int n, const float* y, int m, const float* z, float level, float* xpts, float* ypts,
+            int maxpts, int* nray, int maxcrv, int* ncurvs);
+/* Labels of contour lines: LABELS "NONE", "FLOAT", "CONLAB"; LABDIS plot units of line between two labels, 1..10000;
+ * LABDIG, -2: as many as the level needs; LABTYP "HORI" along the line, "VERT" across it; LABCLR; each with "CONTOUR"
+ * in place of the axis string. */
+void CONLAB(const char* text); /* setter: text of labels, up to 20 characters */
+void CONGAP(float factor);     /* setter: free space on each side of a label, in character heights; default 0.5 */
+void CONMOD(float stretch,
+            float curvature); /* setter: line kept straight on each side of a label, in label widths, at least 0; and
+                                 greatest ratio of arc to chord of the line under it, above 1; default 0.5, 1.5 */
+void CONANG(float degrees);   /* setter: greatest turn of the line before a label, 0..360; default 5 */
+void SURSZE(float xa, float xe, float ya, float ye); /* setter: limits of grids told by their values alone; default
+                                                        those of the axis system; message 10 if a pair is equal */
+
 /* ---- Quick plots: a whole graph in one call; the plot is opened if there is none, and stays open ---------------- */
 
 void QPLOT(const float* x, const float* y, int n);  /* any: a curve */
@@ -596,6 +727,10 @@ void QPLCRV(const float* x, const float* y, int n,
             const char* place);     /* any: curves in one graph: "FIRS", "NEXT", "LAST" */
 void QPLBAR(const float* y, int n); /* any: bars at 1 to n */
 void QPLPIE(const float* x, int n); /* any: a pie */
+/* any: contour lines of n * m values, the Y index fastest, at 0, 1, ...; levels in equal steps from the least value to
+ * the greatest; n, m at least 2 */
+void QPLCON(const float* z, int n, int m, int levels);
+void QPLCLR(const float* z, int n, int m); /* any: the cells of such a matrix in colours; n, m at least 2 */
 /* any: scaling of "X" or "Y" in later calls; "RESE": by the data again; default by the data */
 void QPLSCL(float a, float e, float first, float step, const char* axis);
 
@@ -678,6 +813,21 @@ int WRITFL(int number, const void* bytes, int n); /* any: bytes written */
 int SKIPFL(int number, int n);                    /* any: moves by n bytes; 0, or -1 */
 int TELLFL(int number);                           /* any: position, from 0; -1 after a warning */
 int POSIFL(int number, int position);             /* any: moves to a position; 0, or -1 */
+
+/* ---- FITS files: any level, one file at a time; failures are told and give negative results -------------------- */
+
+int FITSOPN(const char* name); /* opens and reads the first header: 0; messages 195 to 198 */
+void FITSCLS(void);            /* closes; message 199 */
+/* makes header and data unit n, from 1, current: 0 primary, 1 image, 2 table, 3 binary table; 196 to 199, 201 */
+int FITSHDU(int n);
+int FITSVAL(const char* key);    /* value of an integer keyword, 1 or 0 of a logical one; -1: 199, 200, 201 */
+double FITSFLT(const char* key); /* value of an integer or real keyword; -1 */
+/* 0 integer, 1 real, 2 empty string, 3 string, 4 true, 5 false, 6 and 7 complex integer and real, 8 nothing, 9 no value
+ */
+int FITSTYP(const char* key);
+void FITSSTR(const char* key, char* text, int size); /* a string, doubled quotes as one; 204 if it is cut */
+/* copies the data as they stand, big-endian, and gives their bytes; size 0 only asks; 199, 201, 202 */
+int FITSIMG(unsigned char* data, int size);
 
 #ifdef __cplusplus
 }

@@ -11,6 +11,10 @@ namespace quilla {
 
 namespace {
 
+// A line whose visible part holds more patterns is shrunk by a transformation until nobody can see its dashes; it is
+// drawn solid.
+constexpr double kMostPeriods = 1e6;
+
 // Line types in 0.1 mm: lengths drawn and not drawn in turn.
 struct LineType {
   int count;
@@ -31,12 +35,16 @@ void nextElement(PlotState* s) {
     d.colorCycleElement = d.colorCycleElement >= s->line.linePatternColorCount ? 1 : d.colorCycleElement + 1;
 }
 
-// Advances the phase by a length of which nothing is visible.
-void skipDashes(PlotState* s, double length) {
+// Length after which the pattern begins again.
+double patternPeriod(const PlotState* s) {
   double period = 0.0;
   for (int i = 0; i < s->line.linePatternCount; i++) period += s->line.linePattern[i];
-  if (s->line.linePatternCount % 2 != 0) period *= 2.0;
-  double rest = std::fmod(length, period);
+  return s->line.linePatternCount % 2 != 0 ? 2.0 * period : period;
+}
+
+// Advances the phase by a length of which nothing is visible.
+void skipDashes(PlotState* s, double length) {
+  double rest = std::fmod(length, patternPeriod(s));
   while (static_cast<double>(s->dash.dashRemaining) <= rest) {
     rest -= static_cast<double>(s->dash.dashRemaining);
     nextElement(s);
@@ -115,6 +123,11 @@ void drawDashed(PlotState* s, float x0, float y0, float x1, float y1, bool conti
   double from = 0.0, to = length;
   if (!visiblePart(s, segment, length, from, to)) {
     sendPath(s);
+    return skipDashes(s, length);
+  }
+  if (to - from > kMostPeriods * patternPeriod(s)) {
+    startPath(s, x0, y0);
+    appendPoint(s, x1, y1);
     return skipDashes(s, length);
   }
   if (from > 0.0) skipDashes(s, from);

@@ -5,6 +5,7 @@
 #include "core/pipeline.h"
 #include "device/sink.h"
 #include "quilla/quilla.h"
+#include "raster/canvas.h"
 
 using namespace quilla;
 
@@ -87,6 +88,16 @@ void PENWID(float width) {
   if (!s) return;
   if (!(width > 0.0F && width <= static_cast<float>(kLargestWidth))) return warnPlain(s, 2);
   setPenWidth(s, width);
+}
+
+void LINMOD(const char* mode, const char* key) {
+  PlotState* s = strictCheck(1, 3, "linmod");
+  if (!s || !matchKeyword(s, "SMOO", 1, key)) return;
+  const int found = matchKeyword(s, "ON  +OFF ", 2, mode);
+  if (!found) return;
+  flushPath(s);
+  s->image.smoothLines = found == 1;
+  if (s->raster.canvas) s->raster.canvas->antialias = s->image.smoothLines && s->raster.canvas->trueColour;
 }
 
 void LNCAP(const char* cap) {

@@ -2,6 +2,7 @@
 // a group's member initialisers are its defaults, so that resetting assigns groups.
 #pragma once
 
+#include "contour/contour_group.h"
 #include "core/color_group.h"
 #include "core/file_group.h"
 #include "core/level_group.h"
@@ -12,13 +13,17 @@
 #include "core/shield_group.h"
 #include "core/window_group.h"
 #include "device/device_group.h"
+#include "device/screen_group.h"
 #include "graph2d/area_group.h"
 #include "graph2d/axis_group.h"
 #include "graph2d/bar_group.h"
+#include "graph2d/color_bar_group.h"
 #include "graph2d/curve_group.h"
 #include "graph2d/legend_group.h"
+#include "graph2d/matrix_group.h"
 #include "graph2d/pie_group.h"
 #include "graph2d/projection_group.h"
+#include "image/fits_group.h"
 #include "map/map_group.h"
 #include "raster/raster_group.h"
 #include "run/quick_group.h"
@@ -41,6 +46,7 @@ struct PlotState {
   DateSetup dateSetup;
   WidgetSetup widgetSetup;
   UserFiles userFiles;
+  FitsState fits;
   RasterSetup rasterSetup;
   QuickSetup quickSetup;
   ProjectionSetup projectionSetup;
@@ -63,9 +69,15 @@ struct PlotState {
   LegendGroup legend;
   BarGroup bar;
   PieGroup pie;
+  MatrixGroup matrix;
+  ColorBarGroup colorBar;
+  ResolutionGroup resolution;
+  ShadeModeGroup shadeModes;
+  ContourGroup contour;
   ImageGroup image;
   ProjectionGroup projection;
   MapDataGroup mapData;
+  ScreenGroup window;
 
   // Working state.
   MessageStreams streams;
@@ -73,11 +85,13 @@ struct PlotState {
   ColorState colorState;
   DeviceGroup device;
   RasterState raster;
+  ScreenLayer screen;
   DashState dash;
   PathState path;
   ClipGroup clip;
   TextState textState;
   ScalingState scaling;
+  ColorScaleState colorScale;
   CycleState cycle;
   LegendState legendState;
   BarState barState;

@@ -59,6 +59,9 @@ inline int deviceTurn(const PlotState* s) {
   return pageTurned(s) ? 90 : 0;
 }
 
+// Pixels of screens and rasters: as WINDOW or WINSIZ asked for, else lying or upright like the page.
+void choosePixels(PlotState* s);
+
 // deviceScale of the device that is being opened; the page geometry and the raster size are known.
 float scaleOfDevice(const PlotState* s);
 

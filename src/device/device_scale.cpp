@@ -66,6 +66,14 @@ float metafileScale(const PlotState* s, float factor) {
 
 } // namespace
 
+void choosePixels(PlotState* s) {
+  const WindowSetup& w = s->windowSetup;
+  const bool lying = s->geometry.pageWidth > s->geometry.pageHeight;
+  const bool asked = w.windowPlacementMode != kWindowDefault;
+  s->device.pixelWidth = asked ? w.windowWidth : lying ? kScreenLongSide : kScreenShortSide;
+  s->device.pixelHeight = asked ? w.windowHeight : lying ? kScreenShortSide : kScreenLongSide;
+}
+
 float scaleOfDevice(const PlotState* s) {
   const float factor = s->pageSetup.unitFactor * s->pageSetup.scaleFactor;
   switch (deviceFamily(s->deviceSetup.deviceNumber)) {

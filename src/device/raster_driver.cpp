@@ -63,7 +63,7 @@ RasterCanvas* makeRaster(PlotState* s, bool trueColour) {
     warnPlain(s, kNoMemory);
     return nullptr;
   }
-  s->raster.canvas->antialias = trueColour;
+  s->raster.canvas->antialias = trueColour && s->image.smoothLines;
   rasterPalette(s, 0, kColorTableSize - 1);
   rasterTransparentColor(s);
   return s->raster.canvas;
@@ -71,11 +71,7 @@ RasterCanvas* makeRaster(PlotState* s, bool trueColour) {
 
 bool openRaster(PlotState* s) {
   const int device = s->deviceSetup.deviceNumber;
-  const bool onScreen = device < kDevicePltm, toFile = !onScreen && device != kDeviceVirtual;
-  if (onScreen && !s->windowSetup.displayMissed) {
-    std::fputs("QUILLA: there is no display, plots for windows are drawn in memory\n", stderr);
-    s->windowSetup.displayMissed = true;
-  }
+  const bool toFile = device != kDeviceVirtual;
   const bool trueColour = s->rasterSetup.imageFormat == kImageRgb || device == kDevicePpm;
   s->device.colourDepth = trueColour ? kTrueColorDepth : kIndexedDepth;
   if (toFile && (!namePlotFile(s) || !openPlotFile(s))) return false;

@@ -14,6 +14,7 @@
 #include "device/ply_file.h"
 #include "device/postscript_driver.h"
 #include "device/raster_driver.h"
+#include "device/screen.h"
 #include "device/sink.h"
 #include "device/svg_driver.h"
 #include "device/trace.h"
@@ -157,6 +158,7 @@ void freeDrivers(PlotState* s) {
   s->device.plotOutput = nullptr;
   pdfFree(s);
   freeRaster(s);
+  freeScreen(s);
   plyFree(s);
   closeTrace(s);
 }
@@ -173,7 +175,7 @@ bool openDriver(PlotState* s) {
   case DeviceFamily::kCgm: return openCgm(s);
   case DeviceFamily::kMetafile: return openMetafile(s);
   case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl:
+  case DeviceFamily::kOpenGl: return openScreen(s);
   case DeviceFamily::kRaster: return openRaster(s);
   }
   warnWithText(s, kBadDevice, "Bad output device");
@@ -196,15 +198,6 @@ bool hasTrueColors(int deviceNumber) {
   case DeviceFamily::kJava: break;
   }
   return false;
-}
-
-// Pixels of screens and rasters: as WINDOW or WINSIZ asked for, else lying or upright like the page.
-void choosePixels(PlotState* s) {
-  const WindowSetup& w = s->windowSetup;
-  const bool lying = s->geometry.pageWidth > s->geometry.pageHeight;
-  const bool asked = w.windowPlacementMode != kWindowDefault;
-  s->device.pixelWidth = asked ? w.windowWidth : lying ? kScreenLongSide : kScreenShortSide;
-  s->device.pixelHeight = asked ? w.windowHeight : lying ? kScreenShortSide : kScreenLongSide;
 }
 
 } // namespace
@@ -244,7 +237,7 @@ void sinkClose(PlotState* s) {
     break;
   case DeviceFamily::kMetafile: closeMetafilePlot(s); break;
   case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl:
+  case DeviceFamily::kOpenGl: endScreen(s); break;
   case DeviceFamily::kRaster: closeRaster(s); break;
   }
   closeTrace(s);
@@ -273,7 +266,7 @@ void sinkNewPage(PlotState* s) {
     if (s->device.vector) ipeNewPage(s);
     break;
   case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl:
+  case DeviceFamily::kOpenGl: waitForNextPage(s); [[fallthrough]];
   case DeviceFamily::kRaster:
     if (s->raster.canvas) rasterErase(s);
     break;
@@ -325,7 +318,7 @@ void sinkFlush(PlotState* s) {
     if (s->device.metafile) metafileFlush(*s->device.metafile->file);
     break;
   case DeviceFamily::kWindow:
-  case DeviceFamily::kOpenGl:
+  case DeviceFamily::kOpenGl: refreshScreen(s); break;
   case DeviceFamily::kRaster:
     if (s->raster.canvas) flushCanvas(*s->raster.canvas);
     break;

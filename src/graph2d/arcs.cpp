@@ -15,14 +15,13 @@ using namespace quilla;
 
 namespace {
 
-constexpr int kChords = 180;      // of a whole turn
 constexpr int kCornerChords = 24; // of a rounded corner
 constexpr int kRoundedSteps = 9;  // of RNDREC
 constexpr float kDegree = 0.017453292F;
 constexpr float kWholeTurn = 360.0F;
 
 struct Outline {
-  float x[2 * (kChords + 1) + 1], y[2 * (kChords + 1) + 1];
+  float x[2 * (kMostChords + 1) + 1], y[2 * (kMostChords + 1) + 1];
   int n = 0;
 };
 
@@ -31,10 +30,11 @@ void add(Outline& o, float x, float y) {
   o.y[o.n++] = y;
 }
 
-// Chords of an arc from an angle to a later one, in degrees.
-int chordsOf(float from, float to) {
-  const float part = (to - from) / kWholeTurn * static_cast<float>(kChords);
-  return std::clamp(static_cast<int>(std::ceil(part)), 1, kChords);
+// Chords of an arc of a radius in plot units, from an angle to a later one, in degrees.
+int chordsOf(const PlotState* s, float radius, float from, float to) {
+  const int turn = chordsOfTurn(s, radius);
+  const float part = (to - from) / kWholeTurn * static_cast<float>(turn);
+  return std::clamp(static_cast<int>(std::ceil(part)), 1, turn);
 }
 
 // Points of a circle's arc, anticlockwise or back, in equal steps of the angle.
@@ -67,7 +67,7 @@ struct Ellipse {
 
 void drawArc(PlotState* s, const Ellipse& e, float from, float to, float turn) {
   const float end = endBehind(from, to), c = std::cos(turn * kDegree), d = std::sin(turn * kDegree);
-  const int chords = chordsOf(from, end);
+  const int chords = chordsOf(s, std::fmax(e.a, e.b), from, end);
   for (int i = 0; i <= chords; i++) {
     const float angle = (from + (end - from) * static_cast<float>(i) / static_cast<float>(chords)) * kDegree;
     const float u = e.a * std::cos(angle), v = e.b * std::sin(angle);
@@ -84,13 +84,13 @@ void drawSlice(PlotState* s, float x, float y, float r, float from, float to) {
   const float end = endBehind(from, to);
   Outline o;
   if (end - from < kWholeTurn) add(o, x, y);
-  addArc(o, x, y, r, from, end, chordsOf(from, end));
+  addArc(o, x, y, r, from, end, chordsOf(s, r, from, end));
   paint(s, o);
 }
 
 void fillSector(PlotState* s, float x, float y, float r1, float r2, float from, float to, int color) {
   const float end = endBehind(from, to);
-  const int chords = chordsOf(from, end);
+  const int chords = chordsOf(s, r2, from, end);
   Outline o;
   addArc(o, x, y, r2, from, end, chords);
   if (r1 == 0.0F) {

@@ -11,6 +11,8 @@ namespace quilla {
 
 namespace {
 
+constexpr int kUsualChords = 180, kLeastChords = 8; // of a whole turn
+
 int luminance(const PlotState* s, int color) {
   int r = 0, g = 0, b = 0;
   colorComponents(s, color, r, g, b);
@@ -35,7 +37,7 @@ void restorePen(PlotState* s, const KeptPen& kept) {
 }
 
 void drawArea(PlotState* s, const float* x, const float* y, int n, int fillColor, int borderColor) {
-  if (s->shading.shadePattern != kPatternNone) {
+  if (s->shading.shadePattern != kPatternNone && s->area.areasFilled) {
     if (s->color.currentColor != fillColor) setColor(s, fillColor);
     fillPolygon(s, x, y, n);
   }
@@ -60,6 +62,30 @@ void fillBox(PlotState* s, int x0, int y0, int x1, int y1, int color) {
   qqbar(s, static_cast<float>(x0), static_cast<float>(y0), static_cast<float>(x1), static_cast<float>(y1), color);
 }
 
+int chordsOfTurn(const PlotState* s, float radius) {
+  constexpr float kTwoPi = 6.2831853F;
+  if (s->area.circleSpacing < 1) return kUsualChords;
+  const float wanted = kTwoPi * radius / static_cast<float>(s->area.circleSpacing);
+  return wanted < kLeastChords ? kLeastChords : wanted < kMostChords ? static_cast<int>(wanted) : kMostChords;
+}
+
+void fillCut(PlotState* s, float x0, float y0, float x1, float y1, int color) {
+  if (x0 > x1) std::swap(x0, x1);
+  if (y0 > y1) std::swap(y0, y1);
+  if (s->transform.transformOn || s->shield.shieldCount > 0) {
+    const float xs[] = {x0, x1, x1, x0}, ys[] = {y0, y0, y1, y1};
+    setColor(s, color);
+    return fillSolid(s, xs, ys, 4);
+  }
+  const ClipGroup& c = s->clip;
+  const auto originX = static_cast<float>(s->page.originX), originY = static_cast<float>(s->page.originY);
+  const float left = std::max(x0, static_cast<float>(c.clipX0) - originX);
+  const float right = std::min(x1, static_cast<float>(c.clipX1) - originX);
+  const float top = std::max(y0, static_cast<float>(c.clipY0) - originY);
+  const float bottom = std::min(y1, static_cast<float>(c.clipY1) - originY);
+  if (left <= right && top <= bottom) qqbar(s, left, top, right, bottom, color);
+}
+
 AreaGroup defaultAreaGroup() {
   constexpr int kPredefined = 17; // patterns
   AreaGroup g;
@@ -78,4 +104,17 @@ void PATCYC(int i, int pattern) {
 
 void NOARLN(void) {
   if (PlotState* s = setterCheck("noarln")) s->area.outlinesDrawn = false;
+}
+
+void NOFILL(void) {
+  if (PlotState* s = setterCheck("nofill")) s->area.areasFilled = false;
+}
+
+void NOBGD(void) {
+  if (PlotState* s = setterCheck("nobgd")) s->area.backgroundsDrawn = false;
+}
+
+void CIRCSP(int spacing) {
+  PlotState* s = setterCheck("circsp");
+  if (s && !checkRange(s, spacing, 0, -1)) s->area.circleSpacing = spacing;
 }

@@ -26,6 +26,13 @@ int visibleColor(const PlotState* s, int setting, int current, int fill);
 // Filled rectangle in a plain colour, corners included.
 void fillBox(PlotState* s, int x0, int y0, int x1, int y1, int color);
 
+// Chords with which a circle of a radius in plot units is drawn: as many as CIRCSP asks for, within limits.
+inline constexpr int kMostChords = 720;
+int chordsOfTurn(const PlotState* s, float radius);
+
+// Rectangle between two corners in a plain colour, cut at the clip window.
+void fillCut(PlotState* s, float x0, float y0, float x1, float y1, int color);
+
 // Defaults of the settings: the pattern cycle begins with the predefined patterns.
 AreaGroup defaultAreaGroup();
 

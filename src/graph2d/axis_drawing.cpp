@@ -1,5 +1,6 @@
 #include "graph2d/axis_drawing.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/colors.h"
@@ -28,7 +29,7 @@ template <class Action> void inColor(PlotState* s, int axis, int part, Action ac
   if (color >= 0) setColor(s, kept);
 }
 
-bool isUpright(const AxisPlace& p) { return p.axis == kAxisY; }
+bool isUpright(const AxisPlace& p) { return isUprightSide(p.side); }
 
 // 1 if outside of the axis is down or right, -1 if it is up or left.
 int outward(int side) { return side == kSideBottom || side == kSideRight ? 1 : -1; }
@@ -76,12 +77,6 @@ struct TickPen {
     back = !back;
   }
 };
-
-bool withinScale(const PlotState* s, int axis, double value) {
-  double a = static_cast<double>(s->scaling.axisStart[axis]), e = static_cast<double>(s->scaling.axisEnd[axis]);
-  double slack = std::fabs(e - a) * 1e-6;
-  return value >= std::fmin(a, e) - slack && value <= std::fmax(a, e) + slack;
-}
 
 // A logarithmic axis with whole decades between its labels has ticks at 2 to 9 times each power of ten.
 bool hasDecadeTicks(const PlotState* s, int axis) {
@@ -195,8 +190,8 @@ int tickRoom(const PlotState* s, int axis) {
 bool labelsVertical(const PlotState* s, int axis) { return s->axis.labelOrientation[axis] != 0; }
 
 // What the labels take away from the axis: their height or the length of the longest.
-int labelDepth(const PlotState* s, int axis, int longest) {
-  bool across = (axis == kAxisY) != labelsVertical(s, axis);
+int labelDepth(const PlotState* s, int axis, int side, int longest) {
+  bool across = isUprightSide(side) != labelsVertical(s, axis);
   return across ? longest : s->text.textHeight;
 }
 
@@ -299,6 +294,12 @@ int axisOffset(const PlotState* s, int axis, double value) {
   return static_cast<int>((value - a) * (s->axis.axisLength[axis] - 1) / (e - a) + 0.5);
 }
 
+bool withinScale(const PlotState* s, int axis, double value) {
+  double a = static_cast<double>(s->scaling.axisStart[axis]), e = static_cast<double>(s->scaling.axisEnd[axis]);
+  double slack = std::fabs(e - a) * 1e-6;
+  return value >= std::fmin(a, e) - slack && value <= std::fmax(a, e) + slack;
+}
+
 TickRange tickRange(const PlotState* s, int axis, double interval) {
   double first = static_cast<double>(s->scaling.axisFirstLabel[axis]);
   double forward = (static_cast<double>(s->scaling.axisEnd[axis]) - first) / interval + kTickSlack;
@@ -323,21 +324,34 @@ void drawAxis(PlotState* s, const AxisPlace& p) {
   if (p.parts >= kPartLabels && s->axis.labelKind[p.axis] != kLabelNone) {
     int longest = longestLabel(s, p.axis);
     inColor(s, p.axis, kColorLabels, [&] { drawLabels(s, p, longest); });
-    away += s->axis.labelDistance[p.axis] + labelDepth(s, p.axis, longest);
+    away += s->axis.labelDistance[p.axis] + labelDepth(s, p.axis, p.side, longest);
   }
   if (p.parts >= kPartName) {
     inColor(s, p.axis, kColorName, [&] { drawName(s, p, away + s->axis.nameDistance[p.axis]); });
   }
 }
 
-int sideExtent(PlotState* s, int side) {
-  int axis = axisOfSide(side), parts = s->axis.axisPartDrawn[side], extent = 0;
+void drawExtraLabel(PlotState* s, const AxisPlace& p, const char* text, double value, int tickLength) {
+  const int offset = axisOffset(s, p.axis, value), length = textLength(s, text);
+  if (tickLength > 0) {
+    inColor(s, p.axis, kColorTicks, [&] { TickPen{s, p}.tick(offset, tickLength); });
+  }
+  // Next to longer labels of the axis it stands where they do.
+  const int longest = labelsVertical(s, p.axis) == isUpright(p) ? length : std::max(length, longestLabel(s, p.axis));
+  const LabelSpot spot = placeLabel(s, p, offset, length, longest);
+  inColor(s, p.axis, kColorLabels, [&] { textAtWith(s, text, spot.x, spot.y, spot.angle, s->text.textHeight); });
+}
+
+int axisExtent(PlotState* s, int axis, int side, int parts) {
+  int extent = 0;
   if (parts >= kPartTicks) extent += tickRoom(s, axis);
   if (parts >= kPartLabels && s->axis.labelKind[axis] != kLabelNone) {
-    extent += s->axis.labelDistance[axis] + labelDepth(s, axis, longestLabel(s, axis));
+    extent += s->axis.labelDistance[axis] + labelDepth(s, axis, side, longestLabel(s, axis));
   }
   if (parts >= kPartName && s->axis.axisName[axis][0]) extent += s->axis.nameDistance[axis] + s->axis.nameHeight;
   return extent;
 }
+
+int sideExtent(PlotState* s, int side) { return axisExtent(s, axisOfSide(side), side, s->axis.axisPartDrawn[side]); }
 
 } // namespace quilla

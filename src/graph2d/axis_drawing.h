@@ -12,20 +12,30 @@ inline constexpr int kOffAxis = -2147483647 - 1;
 
 // One axis as it stands on the page. Coordinates in plot units from the top of the page, ORIGIN not included.
 struct AxisPlace {
-  int axis;                        // kAxisX or kAxisY
+  int axis;                        // AxisIndex; the side tells its direction
   int side;                        // AxisSide: ticks and labels point away from the system
   int x, y;                        // start of the axis
   int parts;                       // AxisPart: what is drawn, each with all before it
   bool skipOrigin;                 // crossed systems: no label at 0
   OffsetOnAxis offsetOf = nullptr; // of maps; null: by the scaling in use
 };
+inline bool isUprightSide(int side) { return side == kSideLeft || side == kSideRight; }
 void drawAxis(PlotState* s, const AxisPlace& place);
+
+// Room that an axis with such parts takes on a side outside its line, in plot units.
+int axisExtent(PlotState* s, int axis, int side, int parts);
 
 // Room that a side of the axis system takes outside the axis line, in plot units.
 int sideExtent(PlotState* s, int side);
 
 // Plot position along an axis, from its start, of a value of the scaling in use.
 int axisOffset(const PlotState* s, int axis, double value);
+
+// True for a value of the scaling in use (log10 on a logarithmic axis) on the axis, with a hair of slack.
+bool withinScale(const PlotState* s, int axis, double value);
+
+// A label with a tick of a length, 0 for none, at a value of the scaling in use.
+void drawExtraLabel(PlotState* s, const AxisPlace& place, const char* text, double value, int tickLength);
 
 // Range of i of the ticks first + i * interval within the scaling; at most a fixed number of them.
 struct TickRange {

@@ -5,7 +5,13 @@ namespace quilla {
 
 enum AxisIndex : int { kAxisX = 0, kAxisY = 1, kAxisZ = 2, kAxisCount = 3 };
 enum AxisSide : int { kSideBottom = 0, kSideLeft = 1, kSideTop = 2, kSideRight = 3, kSideCount = 4 };
-enum AxisSystemKind : int { kSystemRectangular = 0, kSystemPolar = 1, kSystemMap = 2, kSystemRealImaginary = 4 };
+enum AxisSystemKind : int {
+  kSystemRectangular = 0,
+  kSystemPolar = 1,
+  kSystemMap = 2,
+  kSystemBox = 3,
+  kSystemRealImaginary = 4
+};
 enum AxisPart : int { kPartNone = 0, kPartLine = 1, kPartTicks = 2, kPartLabels = 3, kPartName = 4 };
 enum LabelKind : int {
   kLabelNone = 0,

@@ -273,9 +273,9 @@ void LABTYP(const char* type, const char* axes) {
 }
 
 void LABDIS(int distance, const char* axes) {
-  if (PlotState* s = setterCheck("labdis")) {
-    eachAxis(axes, [&](int axis) { s->axis.labelDistance[axis] = limitedDistance(distance); });
-  }
+  PlotState* s = setterCheck("labdis");
+  if (!s || setChartLabelDistance(s, distance, axes)) return;
+  eachAxis(axes, [&](int axis) { s->axis.labelDistance[axis] = limitedDistance(distance); });
 }
 
 void AXENDS(const char* mode, const char* axes) {

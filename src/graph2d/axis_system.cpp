@@ -10,6 +10,7 @@
 #include "core/pipeline.h"
 #include "device/sink.h"
 #include "graph2d/axis_drawing.h"
+#include "graph2d/color_bar.h"
 #include "graph2d/legend.h"
 #include "graph2d/polar.h"
 #include "graph2d/scaling.h"
@@ -23,11 +24,7 @@ namespace {
 constexpr int kVisibleFrame = 2;
 
 bool takeScale(PlotState* s, int axis, AxisScale& scale) {
-  if (s->axis.autoScaled[axis]) {
-    int digits = 0;
-    scale = automaticScale(s, axis, digits);
-    if (!s->axis.labelDigitsGiven[axis]) s->axis.labelDigits[axis] = digits;
-  }
+  takeAutomaticScale(s, axis, scale);
   return checkScale(s, axis, scale) == 0;
 }
 
@@ -73,33 +70,31 @@ void drawCrossed(PlotState* s) {
   drawAxis(s, {kAxisY, kSideLeft, a.axisCrossX, a.axisPosY, a.axisPartDrawn[kSideLeft], true});
 }
 
+// The border of the axis system, so many plot units outside it.
+void drawBorder(PlotState* s, int outside) {
+  const AxisGroup& a = s->axis;
+  const float x0 = static_cast<float>(a.axisPosX - outside), y0 = static_cast<float>(a.axisPosY + outside);
+  const float x1 = static_cast<float>(a.axisPosX - 1 + a.axisLength[kAxisX] + outside);
+  const float y1 = static_cast<float>(a.axisPosY + 1 - a.axisLength[kAxisY] - outside);
+  penMove(s, x0, y0);
+  penDraw(s, x1, y0);
+  penDraw(s, x1, y1);
+  penDraw(s, x0, y1);
+  penDraw(s, x0, y0);
+}
+
 void drawFrame(PlotState* s) {
   const AxisGroup& a = s->axis;
   int kept = s->color.currentColor;
   if (a.frameColor >= 0) setColor(s, a.frameColor);
   int lines = a.frameThickness < s->geometry.pageWidth ? a.frameThickness : s->geometry.pageWidth;
-  for (int i = 0; i < lines; i++) {
-    float x0 = static_cast<float>(a.axisPosX - i), y0 = static_cast<float>(a.axisPosY + i);
-    float x1 = static_cast<float>(s->scaling.axisRightX + i), y1 = static_cast<float>(s->scaling.axisTopY - i);
-    penMove(s, x0, y0);
-    penDraw(s, x1, y0);
-    penDraw(s, x1, y1);
-    penDraw(s, x0, y1);
-    penDraw(s, x0, y0);
-  }
+  for (int i = 0; i < lines; i++) drawBorder(s, i);
   if (a.frameColor >= 0) setColor(s, kept);
-}
-
-void fillBackground(PlotState* s) {
-  const AxisGroup& a = s->axis;
-  flushPath(s);
-  qqbar(s, static_cast<float>(a.axisPosX), static_cast<float>(s->scaling.axisTopY),
-        static_cast<float>(s->scaling.axisRightX), static_cast<float>(a.axisPosY), a.axisBackgroundColor);
 }
 
 // Axes are solid, whatever the current line type is.
 template <class Draw> void drawAxes(PlotState* s, Draw draw) {
-  if (s->axis.axisBackgroundColor >= 0) fillBackground(s);
+  fillSystemBackground(s);
   KeptLineStyle kept = keepLineStyle(s);
   setLineType(s, 0);
   s->internalCoordinates = true;
@@ -172,8 +167,9 @@ namespace quilla {
 
 void centerSystem(PlotState* s) {
   AxisGroup& a = s->axis;
-  int left = sideExtent(s, kSideLeft), right = sideExtent(s, kSideRight), bottom = sideExtent(s, kSideBottom);
-  int top = sideExtent(s, kSideTop), title = titleExtent(s);
+  auto room = [&](int side) { return sideExtent(s, side) + colorBarExtent(s, side); };
+  int left = room(kSideLeft), right = room(kSideRight), bottom = room(kSideBottom), top = room(kSideTop);
+  int title = titleExtent(s);
   if (title > top) top = title;
   int gapX = s->geometry.pageWidth - (left + a.axisLength[kAxisX] + right);
   int gapY = s->geometry.pageHeight - (top + a.axisLength[kAxisY] + bottom);
@@ -193,27 +189,31 @@ void drawFourSidedSystem(PlotState* s, OffsetOnAxis alongX, OffsetOnAxis alongY)
 
 } // namespace quilla
 
-void GRAF(float xa, float xe, float xor_, float xstp, float ya, float ye, float yor, float ystp) {
-  PlotState* s = strictCheck(1, 1, "graf");
-  if (!s) return;
-  AxisScale x{xa, xe, xor_, xstp}, y{ya, ye, yor, ystp};
+bool quilla::openRectangularSystem(PlotState* s, AxisScale x, AxisScale y) {
   s->axis.axisSystemKind = kSystemRectangular;
   bool fineX = takeScale(s, kAxisX, x), fineY = takeScale(s, kAxisY, y);
-  if (!fineX || !fineY) return;
+  if (!fineX || !fineY) return false;
   if (s->axis.axisCrossed && (s->axis.axisLogScale[kAxisX] != 0 || s->axis.axisLogScale[kAxisY] != 0)) {
-    return warnWithText(s, 150, "Crossed axis systems must have linear scaling");
+    warnWithText(s, 150, "Crossed axis systems must have linear scaling");
+    return false;
   }
   s->level.plotLevel = kLevelAxis2D;
   storeScale(s, kAxisX, x);
   storeScale(s, kAxisY, y);
   if (s->axis.axisCrossed && !placeCrossing(s, x, y)) {
     s->level.plotLevel = kLevelPlot;
-    return;
+    return false;
   }
   if (s->axis.centerState == 1) centerSystem(s);
   storeAxisClip(s);
   if (!s->axis.noAxesDrawn) drawSystem(s);
   flushPath(s);
+  return true;
+}
+
+void GRAF(float xa, float xe, float xor_, float xstp, float ya, float ye, float yor, float ystp) {
+  PlotState* s = strictCheck(1, 1, "graf");
+  if (s) openRectangularSystem(s, {xa, xe, xor_, xstp}, {ya, ye, yor, ystp});
 }
 
 void ENDGRF(void) {
@@ -230,6 +230,7 @@ void ENDGRF(void) {
   resetCycle(s);
   forgetRecords(s);
   s->barState = BarState{};
+  s->colorScale.barOpen = false;
   s->curve.markerKind = 0;
   s->level.plotLevel = kLevelPlot;
 }
@@ -245,6 +246,13 @@ void GRID(int nx, int ny) {
   gridLines(s, kAxisX, nx);
   gridLines(s, kAxisY, ny);
   axisClipOff(s);
+}
+
+void BOX2D(void) {
+  PlotState* s = strictCheck(1, 3, "box2d");
+  if (!s) return;
+  drawBorder(s, 0);
+  flushPath(s);
 }
 
 void CROSS(void) { originLines("cross", true, true, kLineWithTicks); }

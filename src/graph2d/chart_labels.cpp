@@ -10,7 +10,7 @@ ChartWord chartWord(const char* word) {
   char key[5];
   keyOf(word, key);
   key[3] = 0;
-  return static_cast<ChartWord>(findKeyword("BAR +PIE +DAT +PER ", 4, key));
+  return static_cast<ChartWord>(findKeyword("BAR +PIE +DAT +PER +CON ", 5, key));
 }
 
 bool setChartLabels(PlotState* s, const char* kind, const char* word) {
@@ -20,6 +20,9 @@ bool setChartLabels(PlotState* s, const char* kind, const char* word) {
     return true;
   case kWordPie:
     if (int found = matchKeyword(s, "NONE+PERC+DATA+BOTH", 4, kind)) s->pie.pieLabelMode = found - 1;
+    return true;
+  case kWordContour:
+    if (int found = matchKeyword(s, "NONE+FLOA+CONL", 3, kind)) s->contour.contourLabelMode = found - 1;
     return true;
   default: return false;
   }
@@ -31,8 +34,16 @@ bool setChartLabelDigits(PlotState* s, int digits, const char* word) {
   case kWordPie: s->pie.pieDataDigits = s->pie.piePercentDigits = digits; return true;
   case kWordData: s->pie.pieDataDigits = digits; return true;
   case kWordPercent: s->pie.piePercentDigits = digits; return true;
+  case kWordContour: s->contour.contourLabelDigits = digits; return true;
   default: return false;
   }
+}
+
+bool setChartLabelDistance(PlotState* s, int distance, const char* word) {
+  constexpr int kLongestDistance = 10000;
+  if (chartWord(word) != kWordContour) return false;
+  if (!checkRange(s, distance, 1, kLongestDistance)) s->contour.contourLabelDistance = distance;
+  return true;
 }
 
 bool setChartLabelPlace(PlotState* s, const char* place, const char* word) {
@@ -51,9 +62,15 @@ bool setChartLabelPlace(PlotState* s, const char* place, const char* word) {
 }
 
 bool setChartLabelType(PlotState* s, const char* type, const char* word) {
-  if (chartWord(word) != kWordPie) return false;
-  if (int found = matchKeyword(s, "CENT+LEFT+RIGH+TYPS+OUTW+INWA", 6, type)) s->pie.pieLabelJustify = found - 1;
-  return true;
+  switch (chartWord(word)) {
+  case kWordPie:
+    if (int found = matchKeyword(s, "CENT+LEFT+RIGH+TYPS+OUTW+INWA", 6, type)) s->pie.pieLabelJustify = found - 1;
+    return true;
+  case kWordContour:
+    if (int found = matchKeyword(s, "HORI+VERT", 2, type)) s->contour.contourLabelAcross = found == 2;
+    return true;
+  default: return false;
+  }
 }
 
 } // namespace quilla
@@ -66,6 +83,7 @@ void LABCLR(int color, const char* chart) {
   switch (chartWord(chart)) {
   case kWordBars: s->bar.barLabelColor = color; return;
   case kWordPie: s->pie.pieLabelColor = color; return;
+  case kWordContour: s->contour.contourLabelColor = color; return;
   default: return warnWithString(s, 2, chart);
   }
 }

@@ -27,40 +27,12 @@ void takeCycleAttributes(PlotState* s) {
   if (mode == kCycleLine || mode == kCycleBoth) setLineType(s, s->curve.lineCycle[i]);
 }
 
-// On a logarithmic axis every value must be positive.
-bool logarithmsExist(PlotState* s, int axis, const float* values, int n) {
-  if (s->axis.axisLogScale[axis] == 0 || s->axis.negativeLogOn) return true;
-  for (int i = 0; i < n; i++) {
-    if (values[i] <= 0.0F) {
-      warnPlain(s, 27);
-      return false;
-    }
-  }
-  return true;
-}
-
 bool fitsPolarSystems(int mode) {
   return mode == kCurveLine || mode == kCurveBars || mode == kCurveStem || mode == kCurveFilledBars;
 }
 
-void reportOutOfScale(PlotState* s, float x, float y) {
-  char text[64];
-  std::snprintf(text, sizeof text, "(%12.4e /%12.4e) out of axis scaling", static_cast<double>(x),
-                static_cast<double>(y));
-  s->counters.outOfScaleCount++;
-  warnWithText(s, -1, text);
-}
-
-// Impedances lie in the right half plane; angles of a polar system count round the circle.
-bool isOutside(const PlotState* s, float x, float y) {
-  const ScalingState& c = s->scaling;
-  if (s->axis.axisSystemKind == kSystemRealImaginary) return x < 0.0F;
-  if (x < c.userMinX || x > c.userMaxX) return true;
-  return s->axis.axisSystemKind != kSystemPolar && (y < c.userMinY || y > c.userMaxY);
-}
-
 void checkPoints(PlotState* s, const CurveData& d) {
-  bool checked = s->message.dataCheckOn && s->message.messageUnit != kUnitNone;
+  bool checked = isDataChecked(s);
   if (!checked && s->curve.nanMode == 0) return;
   int nansBefore = s->counters.nanCount;
   for (int i = 0; i < d.n && !stopRequested(); i++) {
@@ -91,16 +63,13 @@ void drawSymbols(PlotState* s, const CurveData& d) {
   if (s->curve.markerColor != -1) setColor(s, kept);
 }
 
-// A thick curve is drawn several times, side by side: at 0, +1, -1, +2, -2, ...
 void drawPasses(PlotState* s, const CurveData& d, CurveLine line) {
-  float unit = s->pageSetup.unitFactor;
-  int passes = roundHalfUp(static_cast<float>(s->curve.curveThickness) * unit);
-  for (int p = 1; p <= (passes > 1 ? passes : 1) && !stopRequested(); p++) {
-    s->dash.lineGapSize = static_cast<float>(p % 2 == 0 ? p / 2 : -(p / 2)) / unit;
-    resetDash(s);
+  const int passes = curvePasses(s);
+  for (int p = 1; p <= passes && !stopRequested(); p++) {
+    beginCurvePass(s, p);
     line(s, d);
   }
-  s->dash.lineGapSize = 0.0F;
+  endCurvePasses(s);
 }
 
 } // namespace
@@ -114,7 +83,8 @@ void drawCurve(PlotState* s, const CurveData& data, CurveLine line) {
   if (s->axis.axisSystemKind == kSystemPolar && !fitsPolarSystems(s->curve.curveMode)) {
     return warnWithText(s, 160, "Bad interpolation method for polar scaling");
   }
-  if (!logarithmsExist(s, kAxisY, data.y, data.n) || !logarithmsExist(s, kAxisX, data.x, data.n)) return;
+  const std::size_t size = static_cast<std::size_t>(data.n);
+  if (!logarithmsExist(s, kAxisY, {data.y, size}) || !logarithmsExist(s, kAxisX, {data.x, size})) return;
   KeptPen kept = keepPen(s);
   s->internalCoordinates = true;
   takeCycleAttributes(s);
@@ -184,7 +154,8 @@ void drawErrorBars(PlotState* s, const CurveData& d, const float* e1, const floa
 void ERRBAR(const float* x, const float* y, const float* e1, const float* e2, int n) {
   PlotState* s = strictCheck(2, 3, "errbar");
   if (!s || checkRange(s, n, 1, -1)) return;
-  if (!logarithmsExist(s, kAxisY, y, n) || !logarithmsExist(s, kAxisX, x, n)) return;
+  const std::size_t size = static_cast<std::size_t>(n);
+  if (!logarithmsExist(s, kAxisY, {y, size}) || !logarithmsExist(s, kAxisX, {x, size})) return;
   CurveData data{x, y, n};
   s->internalCoordinates = true;
   checkPoints(s, data);

@@ -1,7 +1,10 @@
 #include "graph2d/curve_path.h"
 
 #include <cmath>
+#include <cstdio>
 
+#include "core/messages.h"
+#include "core/page.h"
 #include "core/pipeline.h"
 #include "core/stop_request.h"
 #include "graph2d/scaling.h"
@@ -171,6 +174,36 @@ void drawBars(PlotState* s, const CurveData& d, bool filled) {
 bool isDrawable(const PlotState* s, const CurveData& d, int i) {
   return s->curve.nanMode == 0 || (d.x[i] == d.x[i] && d.y[i] == d.y[i]);
 }
+
+bool isDataChecked(const PlotState* s) { return s->message.dataCheckOn && s->message.messageUnit != kUnitNone; }
+
+void reportOutOfScale(PlotState* s, float x, float y) {
+  char text[64];
+  std::snprintf(text, sizeof text, "(%12.4e /%12.4e) out of axis scaling", static_cast<double>(x),
+                static_cast<double>(y));
+  s->counters.outOfScaleCount++;
+  warnWithText(s, -1, text);
+}
+
+// Impedances lie in the right half plane; angles of a polar system count round the circle.
+bool isOutside(const PlotState* s, float x, float y) {
+  const ScalingState& c = s->scaling;
+  if (s->axis.axisSystemKind == kSystemRealImaginary) return x < 0.0F;
+  if (x < c.userMinX || x > c.userMaxX) return true;
+  return s->axis.axisSystemKind != kSystemPolar && (y < c.userMinY || y > c.userMaxY);
+}
+
+int curvePasses(const PlotState* s) {
+  const int passes = roundHalfUp(static_cast<float>(s->curve.curveThickness) * s->pageSetup.unitFactor);
+  return passes > 1 ? passes : 1;
+}
+
+void beginCurvePass(PlotState* s, int pass) {
+  s->dash.lineGapSize = static_cast<float>(pass % 2 == 0 ? pass / 2 : -(pass / 2)) / s->pageSetup.unitFactor;
+  resetDash(s);
+}
+
+void endCurvePasses(PlotState* s) { s->dash.lineGapSize = 0.0F; }
 
 void drawCurveLine(PlotState* s, const CurveData& data) {
   switch (s->curve.curveMode) {

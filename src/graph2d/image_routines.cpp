@@ -8,6 +8,7 @@
 #include "core/messages.h"
 #include "core/pipeline.h"
 #include "device/sink.h"
+#include "graph2d/area.h"
 #include "graph2d/include_image.h"
 #include "graph2d/scaling.h"
 #include "image/bytes.h"
@@ -176,24 +177,6 @@ PlotPoint placeOf(const PlotState* s, const AffineMap& m, float i, float j) {
 
 bool isFinite(const PlotPoint& p) { return std::isfinite(p.x) && std::isfinite(p.y); }
 
-// A rectangle between two corners, cut at the clip window.
-void fillPixel(PlotState* s, PlotPoint a, PlotPoint b, int color) {
-  if (a.x > b.x) std::swap(a.x, b.x);
-  if (a.y > b.y) std::swap(a.y, b.y);
-  if (s->transform.transformOn || s->shield.shieldCount > 0) {
-    const float xs[] = {a.x, b.x, b.x, a.x}, ys[] = {a.y, a.y, b.y, b.y};
-    setColor(s, color);
-    return fillSolid(s, xs, ys, 4);
-  }
-  const ClipGroup& c = s->clip;
-  const auto originX = static_cast<float>(s->page.originX), originY = static_cast<float>(s->page.originY);
-  const float left = std::max(a.x, static_cast<float>(c.clipX0) - originX);
-  const float right = std::min(b.x, static_cast<float>(c.clipX1) - originX);
-  const float top = std::max(a.y, static_cast<float>(c.clipY0) - originY);
-  const float bottom = std::min(b.y, static_cast<float>(c.clipY1) - originY);
-  if (left <= right && top <= bottom) qqbar(s, left, top, right, bottom, color);
-}
-
 // All corners of the pixel lie on the open map.
 bool pixelOnMap(const PlotState* s, const AffineMap& m, float i, float j) {
   for (float di : {-0.5F, 0.5F}) {
@@ -240,7 +223,7 @@ void drawPixels(PlotState* s, const Image& image, const AffineMap& m) {
         continue;
       }
       const PlotPoint a = placeOf(s, m, i - 0.5F, j - 0.5F), b = placeOf(s, m, i + 0.5F, j + 0.5F);
-      if (isFinite(a) && isFinite(b)) fillPixel(s, a, b, color);
+      if (isFinite(a) && isFinite(b)) fillCut(s, a.x, a.y, b.x, b.y, color);
     }
   }
   if (s->color.currentColor != kept) setColor(s, kept);

@@ -6,6 +6,7 @@
 #include "core/page.h"
 #include "core/pipeline.h"
 #include "graph2d/axis_labels.h"
+#include "graph2d/axis_system.h"
 #include "graph2d/polar.h"
 #include "graph2d/scaling.h"
 #include "quilla/quilla.h"
@@ -76,6 +77,7 @@ void drawImaginaryLabels(PlotState* s, const float* im, int n) {
 }
 
 void drawChart(PlotState* s, const float* re, int n, const float* im, int m) {
+  fillSystemBackground(s);
   s->internalCoordinates = true;
   drawSystemCircle(s, chartRadius(s));
   drawImaginaryCircle(s, 0.0F, 0.0F, kFarAway, kChords);

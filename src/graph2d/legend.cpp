@@ -76,7 +76,8 @@ Spot placeOf(const PlotState* s, const LegendLayout& l, int corner) {
 
 void drawBox(PlotState* s, const LegendLayout& l, Spot corner) {
   int x1 = corner.x + l.boxWidth + 2 * l.frame - 1, y1 = corner.y + l.boxHeight + 2 * l.frame - 1;
-  if (s->legend.legendBackground >= 0) fillBox(s, corner.x, corner.y, x1, y1, s->legend.legendBackground);
+  if (s->legend.legendBackground >= 0 && s->area.backgroundsDrawn)
+    fillBox(s, corner.x, corner.y, x1, y1, s->legend.legendBackground);
   int kept = s->color.currentColor;
   if (s->axis.frameColor >= 0) setColor(s, s->axis.frameColor);
   for (int i = 0; i < l.frame; i++) {

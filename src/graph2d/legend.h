@@ -10,6 +10,7 @@ void recordCurve(PlotState* s);
 void recordArea(PlotState* s);
 // The same for a chart that is no curve: the counter goes up, so that the next chart has a line of its own.
 void recordChart(PlotState* s);
+void recordContour(PlotState* s);
 // The axis system ends: its records are forgotten, a legend is no longer in progress.
 void forgetRecords(PlotState* s);
 

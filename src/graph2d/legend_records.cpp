@@ -28,6 +28,23 @@ void recordShading(PlotState* s) {
   record->shading = s->shading;
 }
 
+void recordLine(PlotState* s) {
+  LegendRecord* record = nextRecord(s);
+  if (!record) return;
+  record->lineDrawn = s->curve.markerStep >= 0;
+  record->thickness = s->curve.curveThickness;
+  record->symbol = s->curve.markerStep != 0 ? s->curve.markerKind : -1;
+  record->symbolColor = s->curve.markerColor;
+}
+
+// A record of its own for what is no curve: a curve of the present number has its record already.
+void recordApart(PlotState* s, void (*record)(PlotState*)) {
+  if (!s->cycle.legendEntryPending) s->cycle.curveCounter++;
+  record(s);
+  s->cycle.curveCounter++;
+  s->cycle.legendEntryPending = true;
+}
+
 } // namespace
 
 void recordCurve(PlotState* s) {
@@ -39,12 +56,7 @@ void recordCurve(PlotState* s) {
     s->shading = kept;
     return;
   }
-  LegendRecord* record = nextRecord(s);
-  if (!record) return;
-  record->lineDrawn = s->curve.markerStep >= 0;
-  record->thickness = s->curve.curveThickness;
-  record->symbol = s->curve.markerStep != 0 ? s->curve.markerKind : -1;
-  record->symbolColor = s->curve.markerColor;
+  recordLine(s);
 }
 
 void recordArea(PlotState* s) {
@@ -52,13 +64,8 @@ void recordArea(PlotState* s) {
   recordShading(s);
 }
 
-void recordChart(PlotState* s) {
-  // A curve of the present number has its record already.
-  if (!s->cycle.legendEntryPending) s->cycle.curveCounter++;
-  recordArea(s);
-  s->cycle.curveCounter++;
-  s->cycle.legendEntryPending = true;
-}
+void recordChart(PlotState* s) { recordApart(s, recordShading); }
+void recordContour(PlotState* s) { recordApart(s, recordLine); }
 
 void forgetRecords(PlotState* s) {
   for (int i = 0; i < s->legendState.drawnCount; i++) s->legendState.drawn[i].given = false;

@@ -98,6 +98,7 @@ void drawRadiusAxis(PlotState* s, const AxisScale& radius) {
 }
 
 void drawPolarSystem(PlotState* s, const AxisScale& radius) {
+  fillSystemBackground(s);
   int kept = s->line.lineStyleIndex;
   setLineType(s, 0);
   s->internalCoordinates = true;

@@ -134,6 +134,13 @@ AxisScale automaticScale(PlotState* s, int axis, int& digits) {
   return scale;
 }
 
+void takeAutomaticScale(PlotState* s, int axis, AxisScale& scale) {
+  if (!s->axis.autoScaled[axis]) return;
+  int digits = 0;
+  scale = automaticScale(s, axis, digits);
+  if (!s->axis.labelDigitsGiven[axis]) s->axis.labelDigits[axis] = digits;
+}
+
 int checkScale(PlotState* s, int axis, const AxisScale& scale) {
   if (!std::isfinite(scale.start) || !std::isfinite(scale.end) || !std::isfinite(scale.first) ||
       !std::isfinite(scale.step)) {
@@ -155,6 +162,16 @@ int checkScale(PlotState* s, int axis, const AxisScale& scale) {
   return failed;
 }
 
+UserLimits userLimits(const PlotState* s, int axis, const AxisScale& scale) {
+  const AxisGroup& a = s->axis;
+  float low = scale.start, high = scale.end;
+  if (a.axisLogScale[axis] != 0) {
+    low = a.autoScaled[axis] ? a.autoMin[axis] : std::pow(10.0F, low);
+    high = a.autoScaled[axis] ? a.autoMax[axis] : std::pow(10.0F, high);
+  }
+  return high < low ? UserLimits{high, low} : UserLimits{low, high};
+}
+
 void storeScale(PlotState* s, int axis, const AxisScale& scale) {
   ScalingState& c = s->scaling;
   const AxisGroup& a = s->axis;
@@ -162,47 +179,42 @@ void storeScale(PlotState* s, int axis, const AxisScale& scale) {
   c.axisEnd[axis] = scale.end;
   c.axisFirstLabel[axis] = scale.first;
   c.axisStep[axis] = scale.step;
-  float low = scale.start, high = scale.end;
-  if (a.axisLogScale[axis] != 0) {
-    low = a.autoScaled[axis] ? a.autoMin[axis] : std::pow(10.0F, low);
-    high = a.autoScaled[axis] ? a.autoMax[axis] : std::pow(10.0F, high);
-  }
-  if (high < low) {
-    float kept = low;
-    low = high;
-    high = kept;
-  }
+  const UserLimits limits = userLimits(s, axis, scale);
   float factor = static_cast<float>(a.axisLength[axis] - 1) / (scale.end - scale.start);
   if (axis == kAxisX) {
-    c.userMinX = low;
-    c.userMaxX = high;
+    c.userMinX = limits.min;
+    c.userMaxX = limits.max;
     c.axisFactorX = factor;
     c.axisOriginPlotX = static_cast<float>(a.axisPosX);
   } else if (axis == kAxisY) {
-    c.userMinY = low;
-    c.userMaxY = high;
+    c.userMinY = limits.min;
+    c.userMaxY = limits.max;
     c.axisFactorY = factor;
     c.axisOriginPlotY = static_cast<float>(a.axisPosY);
   }
 }
 
-namespace {
+bool logarithmsExist(PlotState* s, int axis, std::span<const float> values) {
+  if (s->axis.axisLogScale[axis] == 0 || s->axis.negativeLogOn) return true;
+  for (const float v : values) {
+    if (v > 0.0F || std::isnan(v)) continue;
+    warnPlain(s, 27);
+    return false;
+  }
+  return true;
+}
 
-// The value as the scaling counts it. One without a logarithm becomes that of NEGLOG.
-float scaled(const PlotState* s, int axis, float value) {
-  if (s->axis.axisLogScale[axis] == 0) return value;
+float logarithmOf(const PlotState* s, float value) {
   return std::log10(value <= 0.0F && s->axis.negativeLogOn ? s->axis.negativeLogValue : value);
 }
 
-} // namespace
-
 float plotX(const PlotState* s, float x) {
-  x = scaled(s, kAxisX, x);
+  if (s->axis.axisLogScale[kAxisX] != 0) x = logarithmOf(s, x);
   return (x - s->scaling.axisStart[kAxisX]) * s->scaling.axisFactorX + s->scaling.axisOriginPlotX;
 }
 
 float plotY(const PlotState* s, float y) {
-  y = scaled(s, kAxisY, y);
+  if (s->axis.axisLogScale[kAxisY] != 0) y = logarithmOf(s, y);
   return s->scaling.axisOriginPlotY - (y - s->scaling.axisStart[kAxisY]) * s->scaling.axisFactorY;
 }
 
@@ -309,7 +321,7 @@ void storeAxisClip(PlotState* s) {
 
 void axisClipOn(PlotState* s) {
   ClipGroup& c = s->clip;
-  if (c.clipBorderMode == kBorderAxis || s->level.plotLevel == kLevelAxis3D || c.clipMode == kClipNone) return;
+  if (c.clipBorderMode == kBorderAxis || s->axis.axisSystemKind == kSystemBox || c.clipMode == kClipNone) return;
   flushPath(s);
   int saved[4] = {c.clipX0, c.clipY0, c.clipX1, c.clipY1};
   for (int i = 0; i < 4; i++) c.savedClip[i] = saved[i];

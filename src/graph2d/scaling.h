@@ -1,6 +1,8 @@
 // Scaling of the open axis system: checks, automatic scaling, user values to plot coordinates and back.
 #pragma once
 
+#include <span>
+
 #include "core/plot_state.h"
 
 namespace quilla {
@@ -16,8 +18,23 @@ int checkScale(PlotState* s, int axis, const AxisScale& scale);
 // Automatic scaling from autoMin and autoMax. Gives the scale and the digits of labels; messages 23 and 24.
 AxisScale automaticScale(PlotState* s, int axis, int& digits);
 
+// After SETSCL the scale of the axis and, unless they are given, its digits are the automatic ones.
+void takeAutomaticScale(PlotState* s, int axis, AxisScale& scale);
+
+// Limits of a scale in user values, min not above max.
+struct UserLimits {
+  float min, max;
+};
+UserLimits userLimits(const PlotState* s, int axis, const AxisScale& scale);
+
+// A value as a logarithmic axis counts it. One without a logarithm becomes that of NEGLOG.
+float logarithmOf(const PlotState* s, float value);
+
 // Takes the scale into use: factors, origin and the limits of user values.
 void storeScale(PlotState* s, int axis, const AxisScale& scale);
+
+// Every value has its place on the axis: on a logarithmic one it is positive, but for NEGLOG. False after message 27.
+bool logarithmsExist(PlotState* s, int axis, std::span<const float> values);
 
 // Plot coordinates of user values, counted from the top of the page, ORIGIN not included.
 float plotX(const PlotState* s, float x);

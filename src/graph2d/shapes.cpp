@@ -19,7 +19,6 @@ namespace quilla {
 namespace {
 
 constexpr int kOnStack = 64;
-constexpr int kSmoothChords = 180;
 
 // Points of a polygon: on the stack for a few, else allocated; message 53 if that fails.
 struct PointBuffer {
@@ -62,9 +61,10 @@ bool positivePair(PlotState* s, int a, int b) { return !checkRange(s, a, 1, -1) 
 
 void ellipse(PlotState* s, float cx, float cy, float a, float b) {
   PointBuffer p;
-  if (!p.reserve(s, kSmoothChords + 1)) return;
-  arcPoints(p, cx, cy, a, b, 0.0F, 2.0F * kPi, kSmoothChords + 1);
-  drawShape(s, p.x, p.y, kSmoothChords + 1);
+  const int n = chordsOfTurn(s, std::fmax(a, b)) + 1;
+  if (!p.reserve(s, n)) return;
+  arcPoints(p, cx, cy, a, b, 0.0F, 2.0F * kPi, n);
+  drawShape(s, p.x, p.y, n);
 }
 
 // A rectangle of a size in plot units, by its upper left corner, in a colour or, for -1, the current one.

@@ -3,6 +3,7 @@
 #include "core/pipeline.h"
 #include "graph2d/axis_drawing.h"
 #include "graph2d/axis_system.h"
+#include "graph2d/color_bar.h"
 #include "quilla/quilla.h"
 #include "text/text.h"
 
@@ -20,10 +21,11 @@ int titleY(PlotState* s, int line) {
   float h = static_cast<float>(titleHeightOf(s)), spacing = a.lineSpacing * h;
   float y = 0.0F;
   if (a.titlePosition == kAbove) {
-    y = static_cast<float>(a.axisPosY - a.axisLength[kAxisY] - a.titleDistance - sideExtent(s, kSideTop)) -
+    y = static_cast<float>(a.axisPosY - a.axisLength[kAxisY] - a.titleDistance - sideExtent(s, kSideTop) -
+                           colorBarExtent(s, kSideTop)) -
         static_cast<float>(kTitleLines + 1 - line) * spacing - 3.0F * h;
   } else {
-    y = static_cast<float>(a.axisPosY - a.titleDistance + sideExtent(s, kSideBottom)) +
+    y = static_cast<float>(a.axisPosY - a.titleDistance + sideExtent(s, kSideBottom) + colorBarExtent(s, kSideBottom)) +
         static_cast<float>(line - 1) * spacing + 4.0F * h;
   }
   return static_cast<int>(y);

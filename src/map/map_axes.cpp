@@ -187,7 +187,7 @@ void drawLatitudeLabels(PlotState* s) {
 
 void drawMapSystem(PlotState* s) {
   if (!s->map.curvedFrame) return drawFourSidedSystem(s, mapOffset(s), mapOffset(s));
-  if (s->axis.axisBackgroundColor >= 0) fillCurvedBackground(s);
+  if (s->axis.axisBackgroundColor >= 0 && s->area.backgroundsDrawn) fillCurvedBackground(s);
   const KeptLineStyle kept = keepLineStyle(s);
   setLineType(s, 0);
   s->internalCoordinates = true;

@@ -32,6 +32,7 @@ struct ImageGroup {
   ImageBox imageBox;                    // IMGBOX: page rectangle of the image on vector devices
   ImageBox imageClip;                   // IMGCLP: rectangle that is written
   ImageBox imageSize;                   // IMGSIZ: only w and h
+  bool smoothLines = true;              // LINMOD: thin lines on true colours
   int imageTransparent = -1;            // IMGTPR: -1, or the colour that is left out of images
   int transparencyValue = 255;          // TPRVAL, 0 to 255
   bool autoTransparency = false;        // TPRMOD FIGU

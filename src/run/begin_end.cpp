@@ -5,6 +5,8 @@
 #include "core/messages.h"
 #include "core/page.h"
 #include "core/pipeline.h"
+#include "device/device_table.h"
+#include "device/screen.h"
 #include "device/sink.h"
 #include "quilla/quilla.h"
 #include "run/default_settings.h"
@@ -113,6 +115,7 @@ void QUIFIN(void) {
   s->level.plotLevel = kLevelNone;
   s->counters.runFinished = 1;
   endProtocol(s);
+  releaseScreen(s);
 }
 
 int GETLEV(void) {
@@ -121,5 +124,21 @@ int GETLEV(void) {
 }
 
 double GETVER(void) { return 11.5; }
+
+void DELGLB(void) {
+  if (strictCheck(0, 0, "delglb")) freePlotState();
+}
+
+void INCQSL(const char*) {
+  PlotState* s = strictCheck(0, 3, "incqsl");
+  if (s) warnWithText(s, 161, "Scripts are run by QSLRUN only");
+}
+
+int GETDFL(void) {
+  PlotState* s = strictCheck(1, 3, "getdfl");
+  if (!s) return 0;
+  const int device = s->deviceSetup.deviceNumber;
+  return device >= kDevicePltm && device != kDeviceVirtual ? 1 : 0;
+}
 
 int GETPLV(void) { return 2; }

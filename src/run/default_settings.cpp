@@ -16,7 +16,7 @@ namespace {
 
 // Distances in 0.1 mm; they keep the look of a page whatever its units are.
 constexpr int kTickMajor = 24, kTickMinor = 16, kLabelDistance = 24, kNameDistance = 30, kCharacterHeight = 36;
-constexpr int kAxisAbovePageEnd = 300;
+constexpr int kAxisAbovePageEnd = 300, kContourLabelDistance = 500, kColorBar = 85;
 constexpr int kDefaultFont = 1; // QUIALF
 constexpr int kPostDevice = 501;
 
@@ -63,6 +63,24 @@ CurveGroup defaultCurveGroup(const PlotState* s) {
   return c;
 }
 
+ContourGroup defaultContourGroup(const PlotState* s) {
+  ContourGroup c;
+  c.contourLabelDistance = atLeastOne(plotUnits(s, kContourLabelDistance));
+  return c;
+}
+
+ColorBarGroup defaultColorBarGroup(const PlotState* s) {
+  ColorBarGroup c;
+  c.barWidth = c.barDistance = atLeastOne(plotUnits(s, kColorBar));
+  return c;
+}
+
+ResolutionGroup defaultResolutionGroup(const PlotState* s) {
+  ResolutionGroup r;
+  r.cellWidth = r.cellHeight = atLeastOne(plotUnits(s, 1));
+  return r;
+}
+
 void applyDefaultSettings(PlotState* s) {
   flushPath(s);
   s->line = LineGroup{};
@@ -84,6 +102,11 @@ void applyDefaultSettings(PlotState* s) {
   s->bar = BarGroup{};
   s->barState = BarState{};
   s->pie = PieGroup{};
+  s->matrix = MatrixGroup{};
+  s->colorBar = defaultColorBarGroup(s);
+  s->resolution = defaultResolutionGroup(s);
+  s->shadeModes = ShadeModeGroup{};
+  s->contour = defaultContourGroup(s);
   s->legend = LegendGroup{};
   s->legendState.handMode = false;
   resetCycle(s);
@@ -91,6 +114,7 @@ void applyDefaultSettings(PlotState* s) {
   s->image = ImageGroup{};
   s->projection = ProjectionGroup{};
   s->mapData = MapDataGroup{};
+  s->window = ScreenGroup{};
   forgetRecords(s);
   s->shading = ShadingGroup{};
   s->text = defaultTextGroup(s);

@@ -12,5 +12,8 @@ void applyDefaultSettings(PlotState* s);
 AxisGroup defaultAxisGroup(const PlotState* s);
 TextGroup defaultTextGroup(const PlotState* s);
 CurveGroup defaultCurveGroup(const PlotState* s);
+ContourGroup defaultContourGroup(const PlotState* s);
+ColorBarGroup defaultColorBarGroup(const PlotState* s);
+ResolutionGroup defaultResolutionGroup(const PlotState* s);
 
 } // namespace quilla

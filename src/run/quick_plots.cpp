@@ -3,6 +3,7 @@
 #include <cmath>
 #include <memory>
 #include <new>
+#include <span>
 
 #include "core/levels.h"
 #include "core/messages.h"
@@ -34,18 +35,27 @@ PlotState* beginQuickPlot(const char* name, int n) {
   return s;
 }
 
+struct ValueRange {
+  float low, high;
+};
+
+// Lowest and highest of values and a further one; those that are no numbers take no part.
+ValueRange rangeOf(std::span<const float> values, float also = NAN) {
+  ValueRange range{also, also};
+  for (const float v : values) {
+    if (std::isnan(v)) continue;
+    if (std::isnan(range.low)) range = {v, v};
+    range = {std::min(range.low, v), std::max(range.high, v)};
+  }
+  return std::isnan(range.low) ? ValueRange{0.0F, 0.0F} : range;
+}
+
 // Scales an axis by QPLSCL, or by the data and a further value.
 void scaleAxis(const PlotState* s, int axis, const float* values, int n, float also) {
   if (s->quickSetup.scaleGiven[axis]) return;
-  float range[2] = {also, also};
-  for (int i = 0; i < n; i++) {
-    if (std::isnan(values[i])) continue;
-    if (std::isnan(range[0])) range[0] = range[1] = values[i];
-    range[0] = std::min(range[0], values[i]);
-    range[1] = std::max(range[1], values[i]);
-  }
-  if (std::isnan(range[0])) range[0] = range[1] = 0.0F;
-  SETSCL(range, 2, axis == 0 ? "X" : "Y");
+  const ValueRange range = rangeOf({values, static_cast<std::size_t>(n)}, also);
+  const float ends[2] = {range.low, range.high};
+  SETSCL(ends, 2, axis == 0 ? "X" : "Y");
 }
 
 void openAxes(const PlotState* s) {
@@ -112,6 +122,55 @@ void QPLBAR(const float* y, int n) {
   scaleAxis(s, 1, y, n, 0.0F);
   openAxes(s);
   BARS(places, feet, tops, n);
+  SENDBF();
+}
+
+void QPLCON(const float* z, int n, int m, int levels) {
+  constexpr int kLabelHeight = 25;
+  PlotState* s = strictCheck(0, 3, "qplcon");
+  if (!s || checkRange(s, n, 2, -1) || checkRange(s, m, 2, -1)) return;
+  s = beginQuickPlot("qplcon", levels);
+  if (!s) return;
+  const std::size_t nx = static_cast<std::size_t>(n), ny = static_cast<std::size_t>(m);
+  const std::unique_ptr<float[]> memory(new (std::nothrow) float[nx + ny]);
+  if (!memory) return warnPlain(s, 53);
+  float *x = memory.get(), *y = x + nx;
+  for (int i = 0; i < n; i++) x[i] = static_cast<float>(i);
+  for (int j = 0; j < m; j++) y[j] = static_cast<float>(j);
+  LABELS("FLOAT", "CONTOUR");
+  scaleAxis(s, 0, x, n, NAN);
+  scaleAxis(s, 1, y, m, NAN);
+  openAxes(s);
+  const ValueRange range = rangeOf({z, nx * ny});
+  const int height = s->text.textHeight;
+  HEIGHT(kLabelHeight);
+  for (int i = 0; i < levels && s->level.plotLevel >= kLevelAxis2D; i++) {
+    // A single level lies in the middle.
+    const float step = levels > 1 ? static_cast<float>(i) : 0.5F, steps = static_cast<float>(std::max(levels - 1, 1));
+    CONTUR(x, n, y, m, z, step * (range.high - range.low) / steps + range.low);
+  }
+  HEIGHT(height);
+  SENDBF();
+}
+
+void QPLCLR(const float* z, int n, int m) {
+  PlotState* s = strictCheck(0, 3, "qplclr");
+  if (!s || checkRange(s, n, 2, -1) || checkRange(s, m, 2, -1)) return;
+  s = beginQuickPlot("qplclr", n);
+  if (!s) return;
+  const float endX[2] = {0.0F, static_cast<float>(n - 1)}, endY[2] = {0.0F, static_cast<float>(m - 1)};
+  scaleAxis(s, 0, endX, 2, NAN);
+  scaleAxis(s, 1, endY, 2, NAN);
+  const ValueRange range = rangeOf({z, static_cast<std::size_t>(n) * static_cast<std::size_t>(m)});
+  const float endZ[2] = {range.low, range.high};
+  SETSCL(endZ, 2, "Z");
+  const float(&q)[2][4] = s->quickSetup.scale;
+  GRAF3(q[0][0], q[0][1], q[0][2], q[0][3], q[1][0], q[1][1], q[1][2], q[1][3], 0.0F, 0.0F, 0.0F, 0.0F);
+  TITLE();
+  const MatrixGroup kept = s->matrix;
+  SURSZE(endX[0], endX[1], endY[0], endY[1]);
+  CRVMAT(z, n, m, 1, 1);
+  s->matrix = kept;
   SENDBF();
 }
 

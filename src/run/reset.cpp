@@ -19,6 +19,7 @@ struct Defaults {
   AxisGroup axis;
   TextGroup text;
   CurveGroup curve;
+  ContourGroup contour;
 };
 
 template <class Field> void copyField(Field& target, const Field& source) {
@@ -74,8 +75,12 @@ constexpr ResetRow kResetRows[] = {
     {"ANGL", [](PlotState* s, const Defaults&) {
      setTextAngle(s, 0);
    }},
-    {"AUTR", nullptr},
-    {"AX3L", nullptr},
+    {"AUTR", [](PlotState* s, const Defaults&) {
+     s->resolution.autoResolution = kResolutionGiven;
+   }},
+    {"AX3L", [](PlotState* s, const Defaults& d) {
+     copyField(s->axis.axisLength, d.axis.axisLength);
+   }},
     {"AXCL", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.axisColors, d.axis.axisColors);
    }},
@@ -130,7 +135,9 @@ constexpr ResetRow kResetRows[] = {
     {"CHNP", [](PlotState* s, const Defaults&) {
      s->pie.pieCycle = kChartCycleNone;
    }},
-    {"CIRC", nullptr},
+    {"CIRC", [](PlotState* s, const Defaults&) {
+     s->area.circleSpacing = 0;
+   }},
     {"CLPB", [](PlotState* s, const Defaults&) {
      restoreClip(s);
    }},
@@ -152,8 +159,13 @@ constexpr ResetRow kResetRows[] = {
      s->color.colorRangeHigh = lastRangeEntry(s);
    }},
     {"CONC", nullptr},
-    {"CONG", nullptr},
-    {"CONM", nullptr},
+    {"CONG", [](PlotState* s, const Defaults& d) {
+     s->contour.contourGapFactor = d.contour.contourGapFactor;
+   }},
+    {"CONM", [](PlotState* s, const Defaults& d) {
+     s->contour.contourStretchFactor = d.contour.contourStretchFactor;
+     s->contour.contourCurvatureLimit = d.contour.contourCurvatureLimit;
+   }},
     {"DIGI", [](PlotState* s, const Defaults& d) {
      resetLabelDigits(s, d.axis);
    }},
@@ -198,12 +210,14 @@ constexpr ResetRow kResetRows[] = {
      resetLabelDigits(s, d.axis);
    }},
     {"LABC", [](PlotState* s, const Defaults&) {
-     s->bar.barLabelColor = s->pie.pieLabelColor = -1;
+     s->bar.barLabelColor = s->pie.pieLabelColor = s->contour.contourLabelColor = -1;
    }},
     {"LABD", [](PlotState* s, const Defaults& d) {
      resetLabelDigits(s, d.axis);
      s->bar.barLabelDigits = s->pie.pieDataDigits = s->pie.piePercentDigits = 1;
+     s->contour.contourLabelDigits = d.contour.contourLabelDigits;
      copyField(s->axis.labelDistance, d.axis.labelDistance);
+     s->contour.contourLabelDistance = d.contour.contourLabelDistance;
    }},
     {"LABE", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.labelKind, d.axis.labelKind);
@@ -211,6 +225,7 @@ constexpr ResetRow kResetRows[] = {
      copyField(s->axis.labelType, d.axis.labelType);
      s->bar.barLabelMode = kBarLabelNone;
      s->pie.pieLabelMode = kPieLabelNone;
+     s->contour.contourLabelMode = kContourLabelNone;
    }},
     {"LABJ", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.labelJustify, d.axis.labelJustify);
@@ -223,6 +238,7 @@ constexpr ResetRow kResetRows[] = {
     {"LABT", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.labelOrientation, d.axis.labelOrientation);
      s->pie.pieLabelJustify = kPieCentered;
+     s->contour.contourLabelAcross = false;
    }},
     {"LEGC", [](PlotState* s, const Defaults&) {
      s->legend.legendColorFromCurve = false;
@@ -280,15 +296,21 @@ constexpr ResetRow kResetRows[] = {
     {"NOAR", [](PlotState* s, const Defaults&) {
      s->area.outlinesDrawn = true;
    }},
-    {"NOBA", nullptr},
-    {"NOBG", nullptr},
+    {"NOBA", [](PlotState* s, const Defaults&) {
+     s->colorBar.barHidden = false;
+   }},
+    {"NOBG", [](PlotState* s, const Defaults&) {
+     s->area.backgroundsDrawn = true;
+   }},
     {"NOCH", [](PlotState* s, const Defaults&) {
      s->message.dataCheckOn = true;
    }},
     {"NOCL", [](PlotState* s, const Defaults&) {
      s->clip.clipMode = kClipAuto;
    }},
-    {"NOFI", nullptr},
+    {"NOFI", [](PlotState* s, const Defaults&) {
+     s->area.areasFilled = true;
+   }},
     {"NOGR", [](PlotState* s, const Defaults&) {
      s->axis.noAxesDrawn = false;
    }},
@@ -360,7 +382,9 @@ constexpr ResetRow kResetRows[] = {
     {"SETM", [](PlotState* s, const Defaults& d) {
      resetMixCharacters(s, d.text);
    }},
-    {"SETR", nullptr},
+    {"SETR", [](PlotState* s, const Defaults&) {
+     s->resolution = defaultResolutionGroup(s);
+   }},
     {"SETS", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.autoScaled, d.axis.autoScaled);
    }},
@@ -383,7 +407,9 @@ constexpr ResetRow kResetRows[] = {
      s->curve.splinePoints = d.curve.splinePoints;
    }},
     {"SURC", nullptr},
-    {"SURS", nullptr},
+    {"SURS", [](PlotState* s, const Defaults&) {
+     s->matrix = MatrixGroup{};
+   }},
     {"SURV", nullptr},
     {"SYMR", [](PlotState* s, const Defaults&) {
      s->curve.symbolAngle = 0.0F;
@@ -411,16 +437,24 @@ constexpr ResetRow kResetRows[] = {
      s->streams.messageStream = s->streams.errorFileStream;
    }},
     {"VIEW", nullptr},
-    {"VKXB", nullptr},
-    {"VKYB", nullptr},
+    {"VKXB", [](PlotState* s, const Defaults&) {
+     s->colorBar.barShiftX = 0;
+   }},
+    {"VKYB", [](PlotState* s, const Defaults&) {
+     s->colorBar.barShiftY = 0;
+   }},
     {"VKYT", [](PlotState* s, const Defaults&) {
      s->axis.titleDistance = 0;
    }},
-    {"WIDB", nullptr},
+    {"WIDB", [](PlotState* s, const Defaults&) {
+     s->colorBar.barWidth = defaultColorBarGroup(s).barWidth;
+   }},
     {"WIND", [](PlotState* s, const Defaults&) {
      s->windowSetup.windowPlacementMode = kWindowDefault;
    }},
-    {"WINM", nullptr},
+    {"WINM", [](PlotState* s, const Defaults&) {
+     s->window.endWanted = kEndFull;
+   }},
     {"WINS", [](PlotState* s, const Defaults&) {
      s->windowSetup.windowPlacementMode = kWindowDefault;
    }},
@@ -439,7 +473,7 @@ void RESET(const char* name) {
     if (std::memcmp(row.name, key, 4) != 0) continue;
     // Before a plot there is nothing to keep: QUIINI sets everything to its default.
     if (s->level.plotLevel == kLevelNone || !row.restore) return;
-    Defaults defaults{defaultAxisGroup(s), defaultTextGroup(s), defaultCurveGroup(s)};
+    Defaults defaults{defaultAxisGroup(s), defaultTextGroup(s), defaultCurveGroup(s), defaultContourGroup(s)};
     flushPath(s);
     return row.restore(s, defaults);
   }

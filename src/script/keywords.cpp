@@ -81,6 +81,10 @@ void run_keyword(int keyword, const char* text) {
   case kExit: return run_exit();
   case kPlot: return run_plot(false);
   case kScattr: return run_plot(true);
+  case kContour: return run_contour();
+  case kPlot3: return run_plot3();
+  case kPlot3r: return run_plot3r();
+  case kSurf3: return run_surf3();
   case kBreak: return run_break();
   case kCall: return run_call(text);
   case kContinue: return run_continue();
@@ -90,10 +94,6 @@ void run_keyword(int keyword, const char* text) {
   case kReturn: return run_return();
   case kSubroutine: return run_header(false);
   case kConshade:
-  case kContour:
-  case kPlot3:
-  case kPlot3r:
-  case kSurf3:
   case kSurface:
   case kSurshade: return report_unavailable("Statement", kKeywordNames[keyword]);
   }

@@ -11,9 +11,14 @@
 #include "script/bound_routine.h"
 #include "script/interpreter.h"
 #include "script/report.h"
+#include "script/script_files.h"
 #include "script/system_variables.h"
 
 namespace qsl {
+
+namespace {
+constexpr int kFitsText = 81; // a string of a card is shorter
+} // namespace
 
 bool is_array_to_fill(int k, std::int64_t wanted, const char* kind, const char* routine) {
   const bool is_variable = operand_variable(k) >= 0;
@@ -69,6 +74,21 @@ void run_spline(const Call&) {
     return;
   }
   for (float* array : arrays) std::free(array);
+}
+
+// Variables that stand for the position receive it.
+void run_csrpos(const Call& call) {
+  int place[] = {operand_value(0).value.i, operand_value(1).value.i};
+  set_int(*call.result, CSRPOS(&place[0], &place[1]));
+  for (int k = 0; k < 2; ++k)
+    if (operand_variable(k) >= 0) write_int_output(operand_variable(k), place[k]);
+}
+
+// The statements of the file come next, as after INCLUDE.
+void run_incqsl(const Call&) {
+  char name[kFileNameLength + 1];
+  std::snprintf(name, sizeof name, "%s", text_of(operand_value(0)));
+  if (!interp.driver.harmless) include_file(name);
 }
 
 // Where arbitrary texts run, no file is touched.
@@ -133,6 +153,12 @@ void run_grafr(const Call&) {
 }
 
 // Streams are numbers to a script: 0 none, 6 the standard output, 17 the error file.
+void run_fitsstr(const Call& call) {
+  char text[kFitsText] = "";
+  FITSSTR(text_of(operand_value(0)), text, kFitsText);
+  set_string(*call.result, text);
+}
+
 void run_getuni(const Call& call) {
   constexpr int kConsole = 6, kErrorFile = 17;
   const FILE* stream = GETUNI();

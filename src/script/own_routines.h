@@ -16,7 +16,10 @@ void run_nxlegn(const Call& call);
 void run_nylegn(const Call& call);
 void run_piegrf(const Call& call);
 void run_grafr(const Call& call); // one count for both arrays
+void run_csrpos(const Call& call);
+void run_fitsstr(const Call& call);
 void run_getuni(const Call& call);
+void run_incqsl(const Call& call);
 void run_intutf(const Call& call);
 void run_upstr(const Call& call);
 void run_openfl(const Call& call);

@@ -64,10 +64,20 @@ bool check_pairs(int n) {
   return n > 0;
 }
 
+// NaN elements take no part.
+void widen(DataRange& range, bool& started, const float* values, int n) {
+  for (int k = 0; k < n; ++k) {
+    const float x = values[k];
+    if (std::isnan(x)) continue;
+    if (!started) range = {x, x};
+    started = true;
+    if (x < range.low) range.low = x;
+    if (x > range.high) range.high = x;
+  }
+}
+
 void draw_pairs(int n, bool scatter) {
-  const float(&a)[3][4] = interp.quick.axis;
-  GRAF(a[0][0], a[0][1], a[0][2], a[0][3], a[1][0], a[1][1], a[1][2], a[1][3]);
-  TITLE();
+  open_axes();
   for (int i = 0; i < n; i += 2) {
     const ScriptValue& x = *peek_operand(i);
     const ScriptValue& y = *peek_operand(i + 1);
@@ -92,19 +102,19 @@ void begin_quick_plot() {
   PAGERA();
 }
 
+DataRange array_range(const float* values, int n) {
+  DataRange range{};
+  bool started = false;
+  widen(range, started, values, n);
+  return range;
+}
+
 DataRange data_range(int first) {
   DataRange range{};
   bool started = false;
   for (int i = first; i < operand_count(); i += 2) {
     const ScriptValue& v = *peek_operand(i);
-    for (int k = 0; k < v.count; ++k) {
-      const float x = elements<float>(v)[k];
-      if (std::isnan(x)) continue;
-      if (!started) range = {x, x};
-      started = true;
-      if (x < range.low) range.low = x;
-      if (x > range.high) range.high = x;
-    }
+    widen(range, started, elements<float>(v), v.count);
   }
   return range;
 }
@@ -131,6 +141,12 @@ void scale_axis(DataRange range, int axis) {
     pair[1] = to_float(logarithmic ? std::pow(10.0, high->value.d) : high->value.d);
   }
   SETSCL(pair, 2, letter);
+}
+
+void open_axes() {
+  const float(&a)[3][4] = interp.quick.axis;
+  GRAF(a[0][0], a[0][1], a[0][2], a[0][3], a[1][0], a[1][1], a[1][2], a[1][3]);
+  TITLE();
 }
 
 void run_plot(bool scatter) {

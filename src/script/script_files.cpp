@@ -141,6 +141,13 @@ bool pop_source() {
 
 std::FILE* current_stream() { return interp.reader.sources[interp.reader.source_count - 1].stream; }
 
+void include_file(char name[kFileNameLength + 1]) {
+  add_default_extension(name, kFileNameLength, kScriptExtension);
+  interp.reader.include_pending = true;
+  push_source(name);
+  interp.driver.interactive_mode = false;
+}
+
 void run_include() {
   DriverState& d = interp.driver;
   char name[kFileNameLength + 1];
@@ -160,10 +167,7 @@ void run_include() {
     copy_name(name, text_of(operand(0)));
     clear_stack(0);
   }
-  add_default_extension(name, kFileNameLength, kScriptExtension);
-  interp.reader.include_pending = true;
-  push_source(name);
-  d.interactive_mode = false;
+  include_file(name);
 }
 
 } // namespace qsl

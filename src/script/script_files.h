@@ -3,6 +3,8 @@
 
 #include <cstdio>
 
+#include "script/script_limits.h"
+
 namespace qsl {
 
 // Opens a plain file; a directory cannot be opened. Null on failure.
@@ -28,6 +30,9 @@ bool push_source(const char* name);
 bool pop_source();
 
 std::FILE* current_stream();
+
+// Makes the script file the current source, with the usual extension added to its name.
+void include_file(char name[kFileNameLength + 1]);
 
 // INCLUDE: the tokeniser stands behind the keyword.
 void run_include();

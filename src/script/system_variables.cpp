@@ -43,6 +43,22 @@ void set_y_length(const ScriptValue& v) {
   GETLEN(&nx, &ny, &nz);
   AXSLEN(nx, v.value.i);
 }
+void set_z_length(const ScriptValue& v) {
+  int nx = 0, ny = 0, nz = 0;
+  GETLEN(&nx, &ny, &nz);
+  AX3LEN(nx, ny, v.value.i);
+}
+void set_x_resolution(const ScriptValue& v) {
+  int width = 0, height = 0;
+  GETRES(&width, &height);
+  SETRES(v.value.i, height);
+}
+void set_y_resolution(const ScriptValue& v) {
+  int width = 0, height = 0;
+  GETRES(&width, &height);
+  SETRES(width, v.value.i);
+}
+void set_contour_shading(const ScriptValue& v) { SHDMOD(text_of(v), "CONTOUR"); }
 void set_x_position(const ScriptValue& v) {
   int nx = 0, ny = 0;
   GETPOS(&nx, &ny);
@@ -66,7 +82,7 @@ constexpr SystemVariableRow kSystemVariables[kSystemVariableCount] = {
     {"ARG6", kString, nullptr},
     {"ARG7", kString, nullptr},
     {"ARG8", kString, nullptr},
-    {"CONSHD", kString, nullptr},
+    {"CONSHD", kString, set_contour_shading},
     {"ERASE", kInt, nullptr},
     {"H", kInt, set_height},
     {"HNAME", kInt, set_name_height},
@@ -101,7 +117,7 @@ constexpr SystemVariableRow kSystemVariables[kSystemVariableCount] = {
     {"ZLAB", kString, set_labels<'z'>},
     {"XLEN", kInt, set_x_length},
     {"YLEN", kInt, set_y_length},
-    {"ZLEN", kInt, nullptr},
+    {"ZLEN", kInt, set_z_length},
     {"XMAX", kDouble, nullptr},
     {"YMAX", kDouble, nullptr},
     {"ZMAX", kDouble, nullptr},
@@ -116,8 +132,8 @@ constexpr SystemVariableRow kSystemVariables[kSystemVariableCount] = {
     {"ZSTEP", kDouble, nullptr},
     {"XPOS", kInt, set_x_position},
     {"YPOS", kInt, set_y_position},
-    {"XRES", kInt, nullptr},
-    {"YRES", kInt, nullptr},
+    {"XRES", kInt, set_x_resolution},
+    {"YRES", kInt, set_y_resolution},
     {"XSCL", kString, set_scale<'x'>},
     {"YSCL", kString, set_scale<'y'>},
     {"ZSCL", kString, set_scale<'z'>},

@@ -155,6 +155,7 @@ struct TextState {
   float textStartX = 0.0F, textStartY = 0.0F;
   float textUpShift = 0.0F, secondUpShift = 0.0F;
   bool textMeasure = false;
+  bool pageCheckOff = false;              // a text that leaves the page is none of the user's
   float lastWidth = 0.0F, lastGap = 0.0F; // of the last character
   bool measureInk = false;                // the heights of characters are wanted too
   float inkUp = 0.0F, inkDown = 0.0F;     // of the last character, above and below the baseline

@@ -115,6 +115,7 @@ void shieldText(PlotState* s, const TextExtent& extent) {
 }
 
 void warnOutOfPage(PlotState* s, const char* what, int x, int y) {
+  if (s->textState.pageCheckOff) return;
   if (x >= 0 && x <= s->geometry.pageWidth && y >= 0 && y <= s->geometry.pageHeight) return;
   char text[64];
   std::snprintf(text, sizeof text, "%s (%5d/%5d) out of page", what, x, y);
@@ -178,10 +179,11 @@ void textAt(PlotState* s, const char* text, int x, int y) {
   if (count == 0) return;
   TextExtent extent = {};
   const bool shielded = s->shield.shieldAreaOn[kShieldMessages - 1];
-  const bool boxed = s->text.textBackground >= 0 || s->text.textBoxFrame != 0 || shielded;
+  const bool grounded = s->text.textBackground >= 0 && s->area.backgroundsDrawn;
+  const bool boxed = grounded || s->text.textBoxFrame != 0 || shielded;
   if ((s->text.texOn || boxed) && !measure(s, count, &extent)) return;
   placeCursor(s, x, y);
-  if (s->text.textBackground >= 0) fillBackground(s, extent);
+  if (grounded) fillBackground(s, extent);
   beginWalk(s);
   if (s->text.texOn) {
     drawMeasuredFormula(s, count);

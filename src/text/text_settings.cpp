@@ -78,6 +78,26 @@ void SHDCHA() {
   if (s) s->text.shadeCharacters = true;
 }
 
+void TXTMOD(const char* mode) {
+  PlotState* s = setterCheck("txtmod");
+  if (!s) return;
+  if (const int found = matchKeyword(s, "OUTL+FILL", 2, mode)) s->text.shadeCharacters = found == 2;
+}
+
+void TXTOPT(const char* mode, const char* key) {
+  PlotState* s = setterCheck("txtopt");
+  if (!s) return;
+  const int found = matchKeyword(s, "ON  +OFF ", 2, mode), which = matchKeyword(s, "MIXA+SHDC+FIXS", 3, key);
+  if (found == 0 || which == 0) return;
+  bool* const switches[] = {&s->text.mixOn, &s->text.shadeCharacters, &s->text.fixedSpacingOn};
+  *switches[which - 1] = found == 1;
+}
+
+int GETBLK() {
+  PlotState* s = strictCheck(1, 3, "getblk");
+  return s ? textLength(s, " ") : 0;
+}
+
 void HEIGHT(int height) {
   PlotState* s = strictCheck(kLevelPlot, kLevelAxis3D, "height");
   if (!s || checkRange(s, height, 1, kHighestHeight) != 0) return;

@@ -393,6 +393,15 @@ TEST_F(Transformations, DashesThatLeaveThePageByItCostNothing) {
   EXPECT_LE(traced("draw").size(), 2U);
 }
 
+TEST_F(Transformations, DashesThatNobodyCanSeeAreOneLine) {
+  open();
+  DASH();
+  TRFSCL(1e-30F, 1e-30F);
+  XMOVE(0, 0);
+  XDRAW(3e33F, 0);
+  EXPECT_EQ(traced("draw").size(), 1U);
+}
+
 TEST_F(Transformations, BadNumbersAreRefused) {
   open();
   float nan = std::numeric_limits<float>::quiet_NaN();

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "platform/window_system.h"
 #include "quilla/quilla.h"
 #include "raster/canvas.h"
 
@@ -197,6 +198,7 @@ TEST_F(Settings, NamesOfTheOpenPlot) {
 
 // Where there is no display, windows are pictures in memory, and that is told once.
 TEST_F(Settings, WindowsWithoutADisplayAreInMemory) {
+  useWindowSystem(nullptr);
   testing::internal::CaptureStderr();
   for (int number : {72, 80, 81}) {
     s->level.plotLevel = kLevelPlot;

@@ -64,6 +64,36 @@ TEST_F(QuickPlots, PiesHaveNoAxes) {
   EXPECT_EQ(GETLEV(), 2);
 }
 
+TEST_F(QuickPlots, ContourLinesCoverTheMatrix) {
+  float z[12]; // 4 by 3, rising with x
+  for (int k = 0; k < 12; k++) z[k] = static_cast<float>(k / 3);
+  QPLCON(z, 4, 3, 4); // levels 0, 1, 2, 3
+  EXPECT_EQ(GETLEV(), 2);
+  expectAxis("X", 0, 3);
+  expectAxis("Y", 0, 2);
+  EXPECT_EQ(state()->contour.contourLabelMode, quilla::kContourLabelLevel);
+  EXPECT_EQ(state()->legendState.drawnCount, 4);
+  EXPECT_EQ(GETHGT(), 36);
+}
+
+TEST_F(QuickPlots, ColorsCoverTheMatrix) {
+  float z[12]; // 4 by 3, rising with x
+  for (int k = 0; k < 12; k++) z[k] = static_cast<float>(k / 3);
+  QPLCLR(z, 4, 3);
+  EXPECT_EQ(GETLEV(), 3);
+  expectAxis("X", 0, 3);
+  expectAxis("Y", 0, 2);
+  expectAxis("Z", 0, 3);
+  EXPECT_EQ(outputOf([&] { QPLCLR(z, 4, 1); }), " <<<< Warning 2: Incorrect parameter in qplclr!   (1)\n");
+}
+
+TEST_F(QuickPlots, ContourLinesNeedAMatrixAndALevel) {
+  const float z[4] = {0, 1, 2, 3};
+  EXPECT_EQ(outputOf([&] { QPLCON(z, 1, 4, 3); }), " <<<< Warning 2: Incorrect parameter in qplcon!   (1)\n");
+  EXPECT_EQ(outputOf([&] { QPLCON(z, 2, 2, 0); }), " <<<< Warning 2: Incorrect parameter in qplcon!   (0)\n");
+  EXPECT_EQ(GETLEV(), 0);
+}
+
 TEST_F(QuickPlots, ScalesMayBeGiven) {
   QPLSCL(0, 20, 0, 5, "X");
   QPLOT(x, y, 4);

@@ -45,10 +45,14 @@ std::string dummyOperand(std::string_view field, int position) {
 
 std::string callOf(const RoutineRow& row, bool hasValue) {
   std::string text = hasValue ? std::string("RESULT = ") + row.name + "(" : std::string(row.name) + "(";
-  for (int k = 0; k < signature_length(row.signature); ++k)
-    text += (k > 0 ? "," : "") + dummyOperand(signature_field(row.signature, k), k);
+  // Arrays that a routine fills in place are variables.
   const std::string_view signature(row.signature);
-  const char* variable = signature.starts_with("V")    ? "VAR = 'text'\n"
+  const bool marks = signature == "IR,IR,I,U,U";
+  for (int k = 0; k < signature_length(row.signature); ++k)
+    text += marks && k < 2 ? (k > 0 ? ",MARKS" : "MARKS")
+                           : (k > 0 ? "," : "") + dummyOperand(signature_field(row.signature, k), k);
+  const char* variable = marks                         ? "MARKS = IALLOC(8)\n"
+                         : signature.starts_with("V")  ? "VAR = 'text'\n"
                          : signature.starts_with("BR") ? "PIXELS = BYTE(IALLOC(8))\n"
                                                        : "";
   return variable + text + ")\n";
