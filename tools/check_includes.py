@@ -12,8 +12,8 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 SRC = ROOT / "src"
 
 # From the top down. A room may include every room behind it.
-ORDER = ["app", "script", "run", "widget", "contour", "graph3d", "graph2d", "text", "core", "device", "image", "raster",
-         "platform", "ground"]
+ORDER = ["app", "script", "run", "widget", "map", "contour", "graph3d", "graph2d", "text", "core", "device", "image",
+         "raster", "platform", "ground"]
 GROUND = {"plot_state", "levels", "messages", "clock", "file_version", "stop_request"}
 
 

@@ -30,7 +30,7 @@ def main():
     program = str(pathlib.Path(program).resolve())
     TARGET.mkdir(parents=True, exist_ok=True)
     page = ["# Gallery", "", "Made by tools/make_gallery.py from the scripts in examples/gallery.", ""]
-    environment = dict(os.environ, QSL_DATA=str(EXAMPLES), SOURCE_DATE_EPOCH="1700000000")
+    environment = dict(os.environ, QSL_DATA=str(EXAMPLES), QUILLA=str(ROOT / "data"), SOURCE_DATE_EPOCH="1700000000")
     for script in sorted((EXAMPLES / "gallery").glob("*.qsl")):
         name = script.stem
         with tempfile.TemporaryDirectory() as folder:

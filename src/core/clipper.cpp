@@ -38,6 +38,12 @@ bool beyondOneEdge(const ClipBox& b, const Point& p, const Point& q) {
   return (px != 2 && px == edgeCode(q.x, b.x0, b.x1)) || (py != 2 && py == edgeCode(q.y, b.y0, b.y1));
 }
 
+bool fromSideToSide(const ClipBox& b, const Segment& segment) {
+  int first = edgeCode(static_cast<double>(segment.x0), b.x0, b.x1);
+  int second = edgeCode(static_cast<double>(segment.x1), b.x0, b.x1);
+  return first != second && first != 2 && second != 2;
+}
+
 } // namespace
 
 ClipResult clipSegment(const ClipBox& box, Segment& segment) {
@@ -90,8 +96,15 @@ ClipResult clipSegment(const ClipCircle& circle, Segment& segment) {
 }
 
 ClipResult clipSegment(const ClipRegion& region, Segment& segment) {
+  ClipResult hidden{false, false, false};
+  if (region.dropAcross && fromSideToSide(region.box, segment)) return hidden;
   ClipResult result = clipSegment(region.box, segment);
   if (!result.visible || !region.round) return result;
+  if (region.wholeOnly) {
+    bool whole =
+        insideCircle(region.circle, segment.x0, segment.y0) && insideCircle(region.circle, segment.x1, segment.y1);
+    return whole ? result : hidden;
+  }
   ClipResult cut = clipSegment(region.circle, segment);
   return {cut.visible, result.firstMoved || cut.firstMoved, result.secondMoved || cut.secondMoved};
 }

@@ -18,6 +18,8 @@ struct ClipRegion {
   ClipBox box;
   bool round; // the circle cuts too
   ClipCircle circle;
+  bool dropAcross = false; // a segment from beyond the left edge to beyond the right one is not drawn, nor back
+  bool wholeOnly = false;  // the circle does not cut: a segment that leaves it is not drawn
 };
 
 struct Segment {

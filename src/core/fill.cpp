@@ -18,29 +18,31 @@ constexpr int kPointsOnStack = 64;
 constexpr ShadingGroup kSolid{.shadePattern = kPatternSolid, .shadeType = 1};
 
 // The plain colour of a device that cannot fill: the outline, and hatch lines without room between them.
-void paintSolid(PlotState* s, const float* x, const float* y, int n) {
+void paintSolid(PlotState* s, const float* x, const float* y, int n, bool outlined) {
   KeptLineStyle kept = keepLineStyle(s);
   setLineType(s, 0);
   // Wide lines would grow out of the polygon. A negative width is the device's.
   if (s->line.lineWidthSetting > 1) s->line.lineWidthSetting = 1;
   const bool transformed = s->transform.transformOn;
   s->transform.transformOn = false;
-  pathMove(s, x[n - 1], y[n - 1]);
-  for (int i = 0; i < n; i++) pathDraw(s, x[i], y[i]);
+  if (outlined) {
+    pathMove(s, x[n - 1], y[n - 1]);
+    for (int i = 0; i < n; i++) pathDraw(s, x[i], y[i]);
+  }
   hatchPolygon(s, x, y, n);
   s->transform.transformOn = transformed;
   restoreLineStyle(s, kept);
 }
 
-void fillOnPage(PlotState* s, const float* x, const float* y, int n) {
+void fillOnPage(PlotState* s, const float* x, const float* y, int n, bool outlined) {
   if (s->shading.shadePattern != kPatternSolid) return hatchPolygon(s, x, y, n);
-  if (s->line.hardwareShading && !isShielded(s) && qqfill(s, x, y, n)) return;
-  paintSolid(s, x, y, n);
+  // Devices know no circles to cut at, as the edge of azimuthal maps is.
+  const bool onDevice = s->line.hardwareShading && !isShielded(s) && !isAzimuthal(openMapCode(s));
+  if (onDevice && qqfill(s, x, y, n)) return;
+  paintSolid(s, x, y, n, outlined);
 }
 
-} // namespace
-
-void fillPolygon(PlotState* s, const float* x, const float* y, int n) {
+void fillPoints(PlotState* s, const float* x, const float* y, int n, bool outlined) {
   flushPath(s);
   if (n < 3 || s->shading.shadePattern == kPatternNone || s->measure.on) return;
   float few[2 * kPointsOnStack];
@@ -67,9 +69,15 @@ void fillPolygon(PlotState* s, const float* x, const float* y, int n) {
   // What follows draws on the page.
   const bool onPlane = s->plane.on;
   s->plane.on = false;
-  fillOnPage(s, points, points + n, n);
+  fillOnPage(s, points, points + n, n, outlined);
   s->plane.on = onPlane;
 }
+
+} // namespace
+
+void fillPolygon(PlotState* s, const float* x, const float* y, int n) { fillPoints(s, x, y, n, true); }
+
+void fillRings(PlotState* s, const float* x, const float* y, int n) { fillPoints(s, x, y, n, false); }
 
 void fillSolid(PlotState* s, const float* x, const float* y, int n) {
   ShadingGroup kept = s->shading;

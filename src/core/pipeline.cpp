@@ -13,10 +13,14 @@ namespace quilla {
 
 ClipRegion activeRegion(const PlotState* s) {
   const ClipGroup& c = s->clip;
+  // A line of a conical map from edge to edge is a jump of longitudes; one that leaves a globe lies behind it.
+  const int code = openMapCode(s);
   return {{static_cast<float>(c.clipX0), static_cast<float>(c.clipY0), static_cast<float>(c.clipX1),
            static_cast<float>(c.clipY1)},
           c.clipIsCircle,
-          {c.clipCenterX, c.clipCenterY, c.clipRadius}};
+          {c.clipCenterX, c.clipCenterY, c.clipRadius},
+          isConical(code),
+          isAzimuthal(code) && s->map.globe};
 }
 
 namespace {

@@ -42,6 +42,16 @@ void setPenWidth(PlotState* s, float width);
 void fillPolygon(PlotState* s, const float* x, const float* y, int n);
 void fillSolid(PlotState* s, const float* x, const float* y, int n);
 
+// The same for a polygon of several rings that are joined by bridges, there and back: what lies inside an odd number
+// of rings is filled. No outline is drawn.
+void fillRings(PlotState* s, const float* x, const float* y, int n);
+
+// Projection code of the open map axis system; 0 if no map is open.
+inline int openMapCode(const PlotState* s) {
+  bool open = s->axis.axisSystemKind == kSystemMap && s->level.plotLevel >= kLevelAxis2D;
+  return open ? s->map.projection.code : kProjPlain;
+}
+
 // Active clip rectangle in plot coordinates, inclusive, cut to the page. The path is flushed first.
 void setClipRectangle(PlotState* s, int x0, int y0, int x1, int y1);
 void clipWholePage(PlotState* s);

@@ -22,10 +22,12 @@
 #include "graph2d/legend_group.h"
 #include "graph2d/matrix_group.h"
 #include "graph2d/pie_group.h"
+#include "graph2d/projection_group.h"
 #include "graph3d/horizon_group.h"
 #include "graph3d/light_group.h"
 #include "graph3d/view_group.h"
 #include "image/fits_group.h"
+#include "map/map_group.h"
 #include "raster/raster_group.h"
 #include "run/quick_group.h"
 #include "text/text_group.h"
@@ -50,6 +52,7 @@ struct PlotState {
   FitsState fits;
   RasterSetup rasterSetup;
   QuickSetup quickSetup;
+  ProjectionSetup projectionSetup;
 
   // Run lifetime: set by the default settings of QUIINI and by RESET("ALL").
   MessageGroup message;
@@ -79,6 +82,8 @@ struct PlotState {
   BoxTransform boxTransform;
   SurfaceGroup surface;
   LightGroup light;
+  ProjectionGroup projection;
+  MapDataGroup mapData;
   ScreenGroup window;
 
   // Working state.
@@ -102,6 +107,7 @@ struct PlotState {
   BoxPen boxPen;
   PlaneState plane;
   HorizonState horizon;
+  ProjectionState map;
   bool shieldingSuspended = false;  // outlines of shields are not cut
   bool internalCoordinates = false; // a routine of the library draws: y of PAGORG is not reversed
 };

@@ -40,6 +40,10 @@ void drawLine(PlotState* s, Spot from, Spot to) {
   penDraw(s, static_cast<float>(to.x), static_cast<float>(to.y));
 }
 
+int offsetOf(const PlotState* s, const AxisPlace& p, double value) {
+  return p.offsetOf ? p.offsetOf(s, p, value) : axisOffset(s, p.axis, value);
+}
+
 // Ticks are drawn to and fro in turn, so that a pen does not travel back.
 struct TickPen {
   PlotState* s;
@@ -154,7 +158,9 @@ void drawAllTicks(PlotState* s, TickPen& pen, const AxisPlace& p) {
   for (int i = range.low; i <= range.high; i++) {
     double value = static_cast<double>(s->scaling.axisFirstLabel[p.axis]) + i * interval;
     if (!withinScale(s, p.axis, value)) continue;
-    pen.tick(axisOffset(s, p.axis, value), i % perLabel == 0 ? s->axis.tickLengthMajor : s->axis.tickLengthMinor);
+    const int offset = offsetOf(s, p, value);
+    if (offset == kOffAxis) continue;
+    pen.tick(offset, i % perLabel == 0 ? s->axis.tickLengthMajor : s->axis.tickLengthMinor);
   }
   if (decades) drawDecadeTicks(s, pen, p.axis);
   pen.cut = pen.cut || range.cut;
@@ -248,8 +254,10 @@ void drawLabels(PlotState* s, const AxisPlace& p, int longest) {
     double value = labelValue(s, p.axis, i), at = value;
     if (s->axis.labelPosition[p.axis] == 1) at += 0.5 * static_cast<double>(s->scaling.axisStep[p.axis]);
     if (!withinScale(s, p.axis, at) || (p.skipOrigin && std::fabs(value) <= static_cast<double>(kTiny))) continue;
+    const int offset = offsetOf(s, p, at);
+    if (offset == kOffAxis) continue;
     labelText(s, value, i, p.axis, digits, text);
-    LabelSpot spot = placeLabel(s, p, axisOffset(s, p.axis, at), textLength(s, text), longest);
+    LabelSpot spot = placeLabel(s, p, offset, textLength(s, text), longest);
     textAtWith(s, text, spot.x, spot.y, spot.angle, height);
   }
   if (exponents) endNumberMixing(s, saved);

@@ -6,13 +6,19 @@
 
 namespace quilla {
 
+// Plot position of a value along an axis, from its start; kOffAxis if the value has no place on it.
+struct AxisPlace;
+using OffsetOnAxis = int (*)(const PlotState* s, const AxisPlace& place, double value);
+inline constexpr int kOffAxis = -2147483647 - 1;
+
 // One axis as it stands on the page. Coordinates in plot units from the top of the page, ORIGIN not included.
 struct AxisPlace {
-  int axis;        // AxisIndex; the side tells its direction
-  int side;        // AxisSide: ticks and labels point away from the system
-  int x, y;        // start of the axis
-  int parts;       // AxisPart: what is drawn, each with all before it
-  bool skipOrigin; // crossed systems: no label at 0
+  int axis;                        // AxisIndex; the side tells its direction
+  int side;                        // AxisSide: ticks and labels point away from the system
+  int x, y;                        // start of the axis
+  int parts;                       // AxisPart: what is drawn, each with all before it
+  bool skipOrigin;                 // crossed systems: no label at 0
+  OffsetOnAxis offsetOf = nullptr; // of maps; null: by the scaling in use
 };
 inline bool isUprightSide(int side) { return side == kSideLeft || side == kSideRight; }
 void drawAxis(PlotState* s, const AxisPlace& place);

@@ -52,31 +52,15 @@ bool placeCrossing(PlotState* s, const AxisScale& x, const AxisScale& y) {
   return true;
 }
 
-// Moves the system so that it stands with labels, names and title in the middle of the page.
-void centerSystem(PlotState* s) {
-  AxisGroup& a = s->axis;
-  auto room = [&](int side) { return sideExtent(s, side) + colorBarExtent(s, side); };
-  int left = room(kSideLeft), right = room(kSideRight), bottom = room(kSideBottom), top = room(kSideTop);
-  int title = titleExtent(s);
-  if (title > top) top = title;
-  int gapX = s->geometry.pageWidth - (left + a.axisLength[kAxisX] + right);
-  int gapY = s->geometry.pageHeight - (top + a.axisLength[kAxisY] + bottom);
-  a.axisPosX = gapX / 2 + left;
-  a.axisPosY = gapY / 2 + top + a.axisLength[kAxisY];
-  s->scaling.axisOriginPlotX = static_cast<float>(a.axisPosX);
-  s->scaling.axisOriginPlotY = static_cast<float>(a.axisPosY);
-  a.centerState = 2;
-}
-
-void drawFourSides(PlotState* s) {
+void drawFourSides(PlotState* s, OffsetOnAxis alongX, OffsetOnAxis alongY) {
   const AxisGroup& a = s->axis;
   int right = s->scaling.axisRightX, top = s->scaling.axisTopY;
   const int* parts = a.axisPartDrawn;
-  drawAxis(s, {kAxisX, kSideBottom, a.axisPosX, a.axisPosY, parts[kSideBottom], false});
-  drawAxis(s, {kAxisY, kSideLeft, a.axisPosX, a.axisPosY, parts[kSideLeft], false});
+  drawAxis(s, {kAxisX, kSideBottom, a.axisPosX, a.axisPosY, parts[kSideBottom], false, alongX});
+  drawAxis(s, {kAxisY, kSideLeft, a.axisPosX, a.axisPosY, parts[kSideLeft], false, alongY});
   if (a.twoAxesOnly) return;
-  drawAxis(s, {kAxisX, kSideTop, a.axisPosX, top, parts[kSideTop], false});
-  drawAxis(s, {kAxisY, kSideRight, right, a.axisPosY, parts[kSideRight], false});
+  drawAxis(s, {kAxisX, kSideTop, a.axisPosX, top, parts[kSideTop], false, alongX});
+  drawAxis(s, {kAxisY, kSideRight, right, a.axisPosY, parts[kSideRight], false, alongY});
 }
 
 void drawCrossed(PlotState* s) {
@@ -107,21 +91,20 @@ void drawFrame(PlotState* s) {
   if (a.frameColor >= 0) setColor(s, kept);
 }
 
-void drawSystem(PlotState* s) {
-  const AxisGroup& a = s->axis;
+// Axes are solid, whatever the current line type is.
+template <class Draw> void drawAxes(PlotState* s, Draw draw) {
   fillSystemBackground(s);
-  // Axes are solid, whatever the current line type is.
   KeptLineStyle kept = keepLineStyle(s);
   setLineType(s, 0);
   s->internalCoordinates = true;
-  if (a.axisCrossed) {
-    drawCrossed(s);
-  } else {
-    drawFourSides(s);
-    if (a.frameThickness >= kVisibleFrame) drawFrame(s);
-  }
+  draw();
   s->internalCoordinates = false;
   restoreLineStyle(s, kept);
+}
+
+void drawSystem(PlotState* s) {
+  if (!s->axis.axisCrossed) return drawFourSidedSystem(s, nullptr, nullptr);
+  drawAxes(s, [s] { drawCrossed(s); });
 }
 
 // 0 lies inside the scaling of the axis, by more than a hair; on a logarithmic axis it never does.
@@ -183,6 +166,32 @@ void quilla::drawGrid(PlotState* s, int nx, int ny) {
   gridLines(s, kAxisX, nx);
   gridLines(s, kAxisY, ny);
 }
+
+namespace quilla {
+
+void centerSystem(PlotState* s) {
+  AxisGroup& a = s->axis;
+  auto room = [&](int side) { return sideExtent(s, side) + colorBarExtent(s, side); };
+  int left = room(kSideLeft), right = room(kSideRight), bottom = room(kSideBottom), top = room(kSideTop);
+  int title = titleExtent(s);
+  if (title > top) top = title;
+  int gapX = s->geometry.pageWidth - (left + a.axisLength[kAxisX] + right);
+  int gapY = s->geometry.pageHeight - (top + a.axisLength[kAxisY] + bottom);
+  a.axisPosX = gapX / 2 + left;
+  a.axisPosY = gapY / 2 + top + a.axisLength[kAxisY];
+  s->scaling.axisOriginPlotX = static_cast<float>(a.axisPosX);
+  s->scaling.axisOriginPlotY = static_cast<float>(a.axisPosY);
+  a.centerState = 2;
+}
+
+void drawFourSidedSystem(PlotState* s, OffsetOnAxis alongX, OffsetOnAxis alongY) {
+  drawAxes(s, [=] {
+    drawFourSides(s, alongX, alongY);
+    if (s->axis.frameThickness >= kVisibleFrame) drawFrame(s);
+  });
+}
+
+} // namespace quilla
 
 bool quilla::openRectangularSystem(PlotState* s, AxisScale x, AxisScale y) {
   s->axis.axisSystemKind = kSystemRectangular;

@@ -63,11 +63,11 @@ void drawSymbols(PlotState* s, const CurveData& d) {
   if (s->curve.markerColor != -1) setColor(s, kept);
 }
 
-void drawPasses(PlotState* s, const CurveData& d) {
+void drawPasses(PlotState* s, const CurveData& d, CurveLine line) {
   const int passes = curvePasses(s);
   for (int p = 1; p <= passes && !stopRequested(); p++) {
     beginCurvePass(s, p);
-    drawCurveLine(s, d);
+    line(s, d);
   }
   endCurvePasses(s);
 }
@@ -78,18 +78,13 @@ namespace quilla {
 
 void resetCycle(PlotState* s) { s->cycle = CycleState{}; }
 
-} // namespace quilla
-
-void CURVE(const float* x, const float* y, int n) {
-  PlotState* s = strictCheck(2, 3, "curve");
-  if (!s) return;
-  if (n < 1 || (n == 1 && s->curve.markerStep >= 0)) return warnPlain(s, 2);
+void drawCurve(PlotState* s, const CurveData& data, CurveLine line) {
+  if (data.n < 1 || (data.n == 1 && s->curve.markerStep >= 0)) return warnPlain(s, 2);
   if (s->axis.axisSystemKind == kSystemPolar && !fitsPolarSystems(s->curve.curveMode)) {
     return warnWithText(s, 160, "Bad interpolation method for polar scaling");
   }
-  const std::size_t size = static_cast<std::size_t>(n);
-  if (!logarithmsExist(s, kAxisY, {y, size}) || !logarithmsExist(s, kAxisX, {x, size})) return;
-  CurveData data{x, y, n};
+  const std::size_t size = static_cast<std::size_t>(data.n);
+  if (!logarithmsExist(s, kAxisY, {data.y, size}) || !logarithmsExist(s, kAxisX, {data.x, size})) return;
   KeptPen kept = keepPen(s);
   s->internalCoordinates = true;
   takeCycleAttributes(s);
@@ -97,18 +92,26 @@ void CURVE(const float* x, const float* y, int n) {
   checkPoints(s, data);
   axisClipOn(s);
   if (s->curve.markerStep != 0) drawSymbols(s, data);
-  if (s->curve.markerStep >= 0) drawPasses(s, data);
+  if (s->curve.markerStep >= 0) drawPasses(s, data, line);
   flushPath(s);
   axisClipOff(s);
   restorePen(s, kept);
   s->internalCoordinates = false;
   if (s->cycle.curveInCycle == s->curve.curvesPerCycle) {
     s->cycle.curveInCycle = 0;
+    char name[kRoutineNameLength + 1];
+    copyText(name, s->level.routineName, kRoutineNameLength);
     CHNATT();
-    copyText(s->level.routineName, "curve", kRoutineNameLength);
+    copyText(s->level.routineName, name, kRoutineNameLength);
   } else {
     s->cycle.curveInCycle++;
   }
+}
+
+} // namespace quilla
+
+void CURVE(const float* x, const float* y, int n) {
+  if (PlotState* s = strictCheck(2, 3, "curve")) drawCurve(s, {x, y, n}, drawCurveLine);
 }
 
 namespace {

@@ -32,10 +32,13 @@ bool isGap(const PlotState* s, const CurveData& d, int i) {
          (c.gapLimitOn[1] && std::fabs(d.y[i] - d.y[i - 1]) > c.gapLimit[1]);
 }
 
-// Point i continues the line from point i - 1.
+} // namespace
+
 bool continues(const PlotState* s, const CurveData& d, int i) {
   return i > 0 && isDrawable(s, d, i - 1) && !isGap(s, d, i);
 }
+
+namespace {
 
 void drawLines(PlotState* s, const CurveData& d) {
   for (int i = 0; i < d.n && !stopRequested(); i++) {

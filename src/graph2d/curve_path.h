@@ -14,6 +14,9 @@ struct CurveData {
 // the line while nanMode is on; so does a gap beyond the limits of GAPSIZ.
 void drawCurveLine(PlotState* s, const CurveData& data);
 
+// A whole curve: checks, attributes, symbols, and the line as often as it is thick.
+using CurveLine = void (*)(PlotState* s, const CurveData& data);
+void drawCurve(PlotState* s, const CurveData& data, CurveLine line);
 // A thick curve is drawn several times, side by side: at 0, +1, -1, +2, -2, ... Passes count from 1; each begins with
 // the line pattern anew.
 int curvePasses(const PlotState* s);
@@ -27,5 +30,8 @@ void reportOutOfScale(PlotState* s, float x, float y);
 
 // The point is a number, as far as nanMode asks.
 bool isDrawable(const PlotState* s, const CurveData& data, int i);
+
+// Point i continues the line from point i - 1.
+bool continues(const PlotState* s, const CurveData& data, int i);
 
 } // namespace quilla

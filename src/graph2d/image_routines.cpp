@@ -177,6 +177,17 @@ PlotPoint placeOf(const PlotState* s, const AffineMap& m, float i, float j) {
 
 bool isFinite(const PlotPoint& p) { return std::isfinite(p.x) && std::isfinite(p.y); }
 
+// All corners of the pixel lie on the open map.
+bool pixelOnMap(const PlotState* s, const AffineMap& m, float i, float j) {
+  for (float di : {-0.5F, 0.5F}) {
+    for (float dj : {-0.5F, 0.5F}) {
+      const float x = i + di, y = j + dj;
+      if (!isOnMap(s, m.a * x + m.b * y + m.e, m.c * x + m.d * y + m.f)) return false;
+    }
+  }
+  return true;
+}
+
 // Two triangles: the pixel is turned.
 void fillTurned(PlotState* s, const AffineMap& m, float i, float j, int color) {
   const PlotPoint corners[] = {placeOf(s, m, i - 0.5F, j - 0.5F), placeOf(s, m, i + 0.5F, j - 0.5F),
@@ -195,7 +206,10 @@ void fillTurned(PlotState* s, const AffineMap& m, float i, float j, int color) {
 
 void drawPixels(PlotState* s, const Image& image, const AffineMap& m) {
   constexpr float kTiny = 1e-35F;
-  const bool straight = std::fabs(m.b) < kTiny && std::fabs(m.c) < kTiny;
+  // Of rectangles only those stay rectangles that no projection bends.
+  const int code = openMapCode(s);
+  const bool straight = std::fabs(m.b) < kTiny && std::fabs(m.c) < kTiny && code < kProjMollweide;
+  const bool edged = (isWorld(code) || isAzimuthal(code)) && s->clip.clipMode != kClipNone;
   const int kept = s->color.currentColor;
   flushPath(s);
   for (int y = 0; y < image.height; ++y) {
@@ -205,7 +219,7 @@ void drawPixels(PlotState* s, const Image& image, const AffineMap& m) {
       const auto i = static_cast<float>(x);
       const int color = directColor(rgb[0], rgb[1], rgb[2]);
       if (!straight) {
-        fillTurned(s, m, i, j, color);
+        if (!edged || pixelOnMap(s, m, i, j)) fillTurned(s, m, i, j, color);
         continue;
       }
       const PlotPoint a = placeOf(s, m, i - 0.5F, j - 0.5F), b = placeOf(s, m, i + 0.5F, j + 0.5F);

@@ -8,6 +8,7 @@
 #include "device/sink.h"
 #include "graph2d/axis_labels.h"
 #include "graph2d/date_labels.h"
+#include "graph2d/projection.h"
 #include "text/text.h"
 
 namespace quilla {
@@ -255,7 +256,34 @@ Complex impedanceOf(const PlotState* s, Complex r) {
   return quotient({1.0 + r.re, r.im}, {1.0 - r.re, -r.im});
 }
 
+PlotPoint mapToPlot(const PlotState* s, float lon, float lat) {
+  const ProjectionState& m = s->map;
+  if (m.projection.code == kProjPlain) {
+    return {m.mapOriginX + (lon - m.plainLon) * m.plainScaleX, m.mapOriginY - (lat - m.plainLat) * m.plainScaleY};
+  }
+  if (m.projection.code == kProjUser) {
+    if (s->projectionSetup.userProjection) s->projectionSetup.userProjection(&lon, &lat);
+    return {m.mapOriginX + lon, m.mapOriginY - lat};
+  }
+  const MapPlane p = projectPoint(m.projection, static_cast<double>(lon), static_cast<double>(lat));
+  const double scale = static_cast<double>(m.mapScale);
+  return {static_cast<float>(static_cast<double>(m.mapOriginX) + scale * p.x),
+          static_cast<float>(static_cast<double>(m.mapOriginY) - scale * p.y)};
+}
+
+bool isOnMap(const PlotState* s, float lon, float lat) {
+  const Projection& p = s->map.projection;
+  if (isAzimuthal(p.code)) {
+    const SpherePolar point = polarAbout(p, static_cast<double>(lon), static_cast<double>(lat));
+    return point.distance <= static_cast<double>(s->projection.maximumAngle);
+  }
+  const ScalingState& c = s->scaling;
+  return lon >= c.axisStart[kAxisX] && lon <= c.axisEnd[kAxisX] && lat >= c.axisStart[kAxisY] &&
+         lat <= c.axisEnd[kAxisY];
+}
+
 PlotPoint plotPoint(const PlotState* s, float x, float y) {
+  if (s->axis.axisSystemKind == kSystemMap) return mapToPlot(s, x, y);
   if (s->axis.axisSystemKind == kSystemRealImaginary) return chartPoint(s, x, y);
   if (s->axis.axisSystemKind != kSystemPolar) return {plotX(s, x), plotY(s, y)};
   double direction = polarDirection(s, static_cast<double>(y));
@@ -305,14 +333,13 @@ void axisClipOn(PlotState* s) {
   }
   int saved[4] = {c.clipX0, c.clipY0, c.clipX1, c.clipY1};
   for (int i = 0; i < 4; i++) c.savedClip[i] = saved[i];
-  bool round = c.clipMode == kClipCircle ||
-               (c.clipMode == kClipAuto &&
-                (s->axis.axisSystemKind == kSystemPolar || s->axis.axisSystemKind == kSystemRealImaginary));
-  if (round) {
+  bool globe = s->axis.axisSystemKind == kSystemMap && s->map.globe;
+  bool roundSystem = globe || s->axis.axisSystemKind == kSystemPolar || s->axis.axisSystemKind == kSystemRealImaginary;
+  if (c.clipMode == kClipCircle || (c.clipMode == kClipAuto && roundSystem)) {
     c.clipIsCircle = c.axisClipActive = true;
-    c.clipCenterX = s->scaling.axisCenterX;
-    c.clipCenterY = s->scaling.axisCenterY;
-    c.clipRadius = s->scaling.axisRadius;
+    c.clipCenterX = globe ? s->map.mapOriginX + static_cast<float>(s->page.originX) : s->scaling.axisCenterX;
+    c.clipCenterY = globe ? s->map.mapOriginY + static_cast<float>(s->page.originY) : s->scaling.axisCenterY;
+    c.clipRadius = globe ? s->map.globeRadius : s->scaling.axisRadius;
     return;
   }
   const int* axis = s->scaling.axisClip;

@@ -46,6 +46,12 @@ struct PlotPoint {
 };
 PlotPoint plotPoint(const PlotState* s, float x, float y);
 
+// The same for a longitude and latitude in degrees, by the projection of the open map.
+PlotPoint mapToPlot(const PlotState* s, float lon, float lat);
+
+// The point lies within the edge of the open map: the limits of a world map, the reach of an azimuthal one.
+bool isOnMap(const PlotState* s, float lon, float lat);
+
 // Reflection coefficient (z - 1) / (z + 1) of an impedance, or (1 - y) / (1 + y) of an admittance, and back.
 struct Complex {
   double re, im;

@@ -119,6 +119,8 @@ void applyDefaultSettings(PlotState* s) {
   s->light = LightGroup{};
   s->horizon.on = false;
   s->measure = PathMeasure{};
+  s->projection = ProjectionGroup{};
+  s->mapData = MapDataGroup{};
   s->window = ScreenGroup{};
   forgetRecords(s);
   s->shading = ShadingGroup{};

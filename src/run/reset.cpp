@@ -261,11 +261,21 @@ constexpr ResetRow kResetRows[] = {
     {"LOGT", [](PlotState* s, const Defaults&) {
      s->axis.logTickMode = 0;
    }},
-    {"MAPD", nullptr},
-    {"MAPM", nullptr},
-    {"MAPP", nullptr},
-    {"MAPR", nullptr},
-    {"MAPS", nullptr},
+    {"MAPD", [](PlotState* s, const Defaults&) {
+     s->mapData.mapDirectory[0] = 0;
+   }},
+    {"MAPM", [](PlotState* s, const Defaults&) {
+     s->projection.mapLineMode = kMapInterpolated;
+   }},
+    {"MAPP", [](PlotState* s, const Defaults&) {
+     s->projection.poleLon = s->projection.poleLat = 0.0F;
+   }},
+    {"MAPR", [](PlotState* s, const Defaults&) {
+     s->projection.referencesGiven = false;
+   }},
+    {"MAPS", [](PlotState* s, const Defaults&) {
+     s->projection.maximumAngle = ProjectionGroup{}.maximumAngle;
+   }},
     {"MDFM", nullptr},
     {"MIXA", [](PlotState* s, const Defaults&) {
      s->text.mixOn = false;
@@ -349,6 +359,7 @@ constexpr ResetRow kResetRows[] = {
    }},
     {"PROJ", [](PlotState* s, const Defaults&) {
      s->view.orthographic = false;
+     s->projection.projectionCode = kProjPlain;
    }},
     {"PSME", [](PlotState* s, const Defaults&) {
      std::free(s->deviceSetup.psInfoText);

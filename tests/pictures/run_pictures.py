@@ -42,7 +42,8 @@ def read_pnm(path):
 
 
 def render(program, script, plot, folder):
-    environment = dict(os.environ, QSL_DATA=str(ROOT / "examples"), SOURCE_DATE_EPOCH="1700000000")
+    environment = dict(os.environ, QSL_DATA=str(ROOT / "examples"), QUILLA=str(ROOT / "data"),
+                       SOURCE_DATE_EPOCH="1700000000")
     subprocess.run([program, str(ROOT / script)], cwd=folder, env=environment, check=True, stdout=subprocess.DEVNULL)
     name = pathlib.Path(plot).stem
     subprocess.run(["pdftoppm", "-gray", "-r", str(RESOLUTION), "-singlefile", plot, name], cwd=folder, check=True)
