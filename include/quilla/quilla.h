@@ -611,6 +611,7 @@ void CRVQDR(const float* x, const float* y, const float* z, int n);
 /* 3: fills triangles, whose corners are told by their numbers from 1, with colours that run from corner to corner */
 void CRVTRI(const float* x, const float* y, const float* z, int n, const int* i1, const int* i2, const int* i3,
             int ntri);
+void TRIFLL(const float* x, const float* y);     /* 1..3: fills a triangle of the page in the current colour */
 void COLRAY(const float* z, int* colors, int n); /* 3: the colours of values */
 int NZPOSN(float z);                             /* 3: the colour of a value */
 /* 1..3: a bar of colours with its lower left corner at (nx, ny); it 0: labels to the right or below, 1: to the left or
@@ -656,6 +657,41 @@ void CONCRV(const float* x, const float* y, int n, float level);
  * Messages 116 and 117 if there are more than maxpts points or maxcrv lines. */
 void CONPTS(const float* x, int n, const float* y, int m, const float* z, float level, float* xpts, float* ypts,
             int maxpts, int* nray, int maxcrv, int* ncurvs);
+/* 2, 3: fills the bands between nlev levels of a grid as CONTUR takes it. The scale of GRAF3 or else, from the least
+ * level to the greatest, that of COLRAN gives the colours; a value at a level belongs to the band below. Each level has
+ * a line in legends. SHDMOD: "CELL" for "CONT": each cell is cut along the levels; "POLY": the closed lines of the
+ * levels are filled in the given order, others left out; key "CELL": which of the bands below and above all levels are
+ * filled; key "COLO": a band has the colour of its lower level, the lowest band that of the background, of the middle,
+ * or of its upper level. */
+void CONSHD(const float* x, int n, const float* y, int m, const float* z, const float* levels, int nlev);
+/* 2, 3: the same on a curvilinear grid: x and y are matrices as z */
+void CONSHD2(const float* x, const float* y, const float* z, int n, int m, const float* levels, int nlev);
+/* 2, 3: the same on triangles whose corners are told by their numbers from 1, always cut along the levels */
+void CONFLL(const float* x, const float* y, const float* z, int n, const int* i1, const int* i2, const int* i3,
+            int ntri, const float* levels, int nlev);
+/* setter: colours of the levels, in the order in which they are given, in place of those of the scale; n 0..256, 0: the
+ * scale again. Message 162 when there are fewer colours than levels. */
+void CONCLR(const int* colors, int n);
+/* any: triangles of n points such that no circle through the corners of one holds a point; their corners by numbers
+ * from
+ * 1. Returns how many. x and y have room for three more elements, the triangle around all points; nmax: room for
+ * triangles, at least 2 n + 1. The second of two points in one place has no triangle. Messages 102 if all points lie on
+ * a line, 121. (A. Bowyer, D. Watson, 1981) */
+int TRIANG(float* x, float* y, int n, int* i1, int* i2, int* i3, int nmax);
+/* 2, 3: as CONTUR, on triangles whose corners are told by their numbers from 1 */
+void CONTRI(const float* x, const float* y, const float* z, int n, const int* i1, const int* i2, const int* i3,
+            int ntri, float level);
+/* any: as CONPTS, on triangles */
+void TRIPTS(const float* x, const float* y, const float* z, int n, const int* i1, const int* i2, const int* i3,
+            int ntri, float level, float* xpts, float* ypts, int maxpts, int* nray, int maxcrv, int* ncurvs);
+/* 2, 3: values on a grid of nx * ny points, at least 2 each, over the axis system or the limits of SURSZE, from n
+ * points: means weighted by the distance in user coordinates. zval stands where no point is near. imat: points that a
+ * value is made of, -1 where it is that of a point in its place; wmat: sums of weights. */
+void GETMAT(const float* x, const float* y, const float* z, int n, float* zmat, int nx, int ny, float zval, int* imat,
+            float* wmat);
+/* setter: grid steps that a point reaches in GETMAT, and the power of the distance by which weights fall; default 2, 2,
+ * 2.0 */
+void MDFMAT(int nx, int ny, float weight);
 /* Labels of contour lines: LABELS "NONE", "FLOAT", "CONLAB"; LABDIS plot units of line between two labels, 1..10000;
  * LABDIG, -2: as many as the level needs; LABTYP "HORI" along the line, "VERT" across it; LABCLR; each with "CONTOUR"
  * in place of the axis string. */

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "contour/contour_group.h"
+#include "contour/field_group.h"
 #include "core/color_group.h"
 #include "core/file_group.h"
 #include "core/level_group.h"
@@ -71,6 +72,11 @@ struct PlotState {
   ResolutionGroup resolution;
   ShadeModeGroup shadeModes;
   ContourGroup contour;
+  BandGroup bands;
+  ScatteredGroup scattered;
+  VectorGroup vectors;
+  StreamGroup streamlines;
+  LicGroup lic;
   ImageGroup image;
   ScreenGroup window;
 

@@ -158,7 +158,9 @@ constexpr ResetRow kResetRows[] = {
      s->color.colorRangeLow = 1;
      s->color.colorRangeHigh = lastRangeEntry(s);
    }},
-    {"CONC", nullptr},
+    {"CONC", [](PlotState* s, const Defaults&) {
+     s->bands = BandGroup{};
+   }},
     {"CONG", [](PlotState* s, const Defaults& d) {
      s->contour.contourGapFactor = d.contour.contourGapFactor;
    }},
@@ -262,7 +264,9 @@ constexpr ResetRow kResetRows[] = {
     {"MAPP", nullptr},
     {"MAPR", nullptr},
     {"MAPS", nullptr},
-    {"MDFM", nullptr},
+    {"MDFM", [](PlotState* s, const Defaults&) {
+     s->scattered = ScatteredGroup{};
+   }},
     {"MIXA", [](PlotState* s, const Defaults&) {
      s->text.mixOn = false;
    }},

@@ -14,6 +14,7 @@ struct DataRange {
 void run_plot(bool scatter);
 
 void run_contour();
+void run_conshade();
 void run_plot3();
 void run_plot3r();
 void run_surf3();
