@@ -207,9 +207,9 @@ void TRFRES(void); /* setter: ends it */
 void LINE(int nx1, int ny1, int nx2, int ny2); /* 1..3: from one point to another */
 void XMOVE(float x, float y);                  /* 1..3: undashed move */
 void XDRAW(float x, float y);                  /* 1..3: undashed draw */
-void STRTPT(float x, float y);                 /* 1..3: move to a point, for lines in the current line type */
-void CONNPT(float x, float y);                 /* 1..3: draws from there to a point */
-void SOLID(void);                              /* setters: line types */
+void STRTPT(float x, float y); /* 1..3: move to a point, for lines in the current line type; seed of STREAM */
+void CONNPT(float x, float y); /* 1..3: draws from there to a point */
+void SOLID(void);              /* setters: line types */
 void DOT(void);
 void DASH(void);
 void CHNDSH(void);
@@ -703,6 +703,51 @@ void CONMOD(float stretch,
 void CONANG(float degrees);   /* setter: greatest turn of the line before a label, 0..360; default 5 */
 void SURSZE(float xa, float xe, float ya, float ye); /* setter: limits of grids told by their values alone; default
                                                         those of the axis system; message 10 if a pair is equal */
+
+/* ---- Fields of vectors ----------------------------------------------------------------------------------------- */
+
+/* Codes of arrows are those of VECTOR; VECOPT tells the shape of heads where their digits are 0. */
+/* 2, 3: arrows from n points, as long as the vectors in proportion */
+void VECFLD(const float* xv, const float* yv, const float* xp, const float* yp, int n, int code);
+/* 2, 3: the same from the points x[i], y[j] of a grid; matrices of n * m vectors, the Y index fastest */
+void VECMAT(const float* xmat, const float* ymat, int n, int m, const float* x, const float* y, int code);
+/* 2, 3: arrows from points to points */
+void FIELD(const float* x1, const float* y1, const float* x2, const float* y2, int n, int code);
+/* setter: "ANGL" degrees between shaft and head, below 90, default 20; "SIZE" length of heads as part of the arrow,
+ * default 0.25; "LENG" plot units of the longest arrow of VECFLD and VECMAT, default by the number of arrows; "SCAL"
+ * factor of that length, default 1 */
+void VECOPT(float x, const char* key);
+void VECCLR(int color); /* setter: of arrows; -1 the current colour, -2 by length on the colour scale; default -1 */
+/* 2, 3: streamlines of a field on the grid x[i], y[j], through nseeds seeds, or for 0 at even distances, the first one
+ * through the point of STRTPT if it lies inside. n, m at least 2, message 124 if coordinates neither rise nor fall,
+ * 180 for seeds outside. (B. Jobard, W. Lefer, 1997) */
+void STREAM(const float* xmat, const float* ymat, int n, int m, const float* x, const float* y, const float* xseeds,
+            const float* yseeds, int nseeds);
+/* 2, 3: the same for vectors at n points with triangles between them, corners by numbers from 1 */
+void STMTRI(const float* xvec, const float* yvec, const float* x, const float* y, int n, const int* i1, const int* i2,
+            const int* i3, int ntri, const float* xseeds, const float* yseeds, int nseeds);
+/* 1..3: the points of the streamline through (x0, y0) from its begin to its end; message 112 if there are more than
+ * nmax */
+void STMPTS(const float* xmat, const float* ymat, int n, int m, const float* x, const float* y, float x0, float y0,
+            float* xpts, float* ypts, int nmax, int* npts);
+/* setter: "INTE": "EULER", "RK2", "RK4", default the last; "CLOS": lines that come back to their seed are closed,
+ * "ARRO": heads along lines: "OFF", "ON", default "OFF" */
+void STMMOD(const char* value, const char* key);
+/* setter: "POIN" points of a line in each direction, default 1000; "CLOS" points from one test for a closed line to the
+ * next, 10; "ARRO" code of heads, 1201; "STRE" lines placed without seeds, 10000; for LICPTS "HITS" lines over a grid
+ * point after which none begins there, 1; "LICM" points on each side at which a line gives means, 50; "LICL" points on
+ * each side of a mean, 20 */
+void STMOPT(int n, const char* key);
+/* setter, parts of the longer side of the field on the page: "STEP" 0.005; "DIST" between lines, 0.03; "TEST" at which
+ * a line ends beside another one, 0.015; "CLOS" from the seed of a closed line, 0.01; "ARRO" between heads, 0.2. "LICS"
+ * step of LICPTS in grid steps, 0.5 */
+void STMVAL(float x, const char* key);
+/* 1..3: means of a texture of n * m values along the lines of a field on the same grid, the Y index fastest, as
+ * integers and as they are. (B. Cabral, L. Leedom, 1993) */
+void LICPTS(const float* xmat, const float* ymat, int n, int m, const int* texture, int* values, float* means);
+/* setter: "FAST": a line gives means to all grid points on it, default "ON"; "SCAL": means are spread over the range of
+ * the texture, default "OFF" */
+void LICMOD(const char* value, const char* key);
 
 /* ---- Quick plots: a whole graph in one call; the plot is opened if there is none, and stays open ---------------- */
 

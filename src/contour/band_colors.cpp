@@ -37,18 +37,6 @@ int colorOfBand(const PlotState* s, const ContourBands& b, int k) {
   return colorOfValue(s, static_cast<float>((static_cast<double>(b.levels[first]) + b.levels[second]) / 2.0));
 }
 
-// Without GRAF3 the scale covers the levels.
-void scaleOverLevels(PlotState* s, const ContourBands& b) {
-  ColorScaleState& c = s->colorScale;
-  c.logarithmic = false;
-  c.start = c.userMin = b.levels[0];
-  c.end = c.userMax = b.levels[static_cast<std::size_t>(b.n - 1)];
-  c.low = s->color.colorRangeLow;
-  c.high = s->color.colorRangeHigh;
-  const float range = c.end - c.start;
-  c.factor = range > kTiny ? static_cast<float>(c.high - c.low + 1) / range : 0.0F;
-}
-
 } // namespace
 
 int ContourBands::bandOf(float z) const {
@@ -85,7 +73,7 @@ bool makeBands(PlotState* s, const float* levels, int n, ContourBands& b) {
   });
   for (std::size_t i = 0; i < size; i++) b.levels[i] = valueOf(b.positions[i]);
   const ColorScaleState scale = s->colorScale;
-  if (!s->colorScale.barOpen) scaleOverLevels(s, b);
+  if (!s->colorScale.barOpen) scaleOverRange(s, b.levels[0], b.levels[size - 1]);
   for (int k = 0; k <= n; k++) b.colors[static_cast<std::size_t>(k)] = colorOfBand(s, b, k);
   s->colorScale = scale;
   return true;
