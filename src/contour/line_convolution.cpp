@@ -106,7 +106,7 @@ void spreadMeans(const int* texture, float* means, std::ptrdiff_t size) {
 void LICPTS(const float* xmat, const float* ymat, int n, int m, const int* texture, int* values, float* means) {
   constexpr int kMostGridPoints = 1 << 30;
   PlotState* s = strictCheck(1, 3, "licpts");
-  if (!s || checkRange(s, n, 2, -1) || checkRange(s, m, 2, kMostGridPoints / std::max(n, 1))) return;
+  if (!s || checkRange(s, n, 2, kMostGridPoints / 2) || checkRange(s, m, 2, kMostGridPoints / n)) return;
   const std::ptrdiff_t size = static_cast<std::ptrdiff_t>(n) * m;
   std::fill_n(values, size, 0);
   std::fill_n(means, size, 0.0F);

@@ -175,12 +175,10 @@ void drawStreamlines(PlotState* s, const FieldSampler& sampler, const float* xs,
 
 bool isMonotonic(PlotState* s, const float* v, int n) {
   const bool rises = v[n - 1] > v[0];
-  for (int i = 1; i < n; i++) {
-    if (rises ? v[i] > v[i - 1] : v[i] < v[i - 1]) continue;
-    warnWithText(s, 124, "Arrays must be monoton");
-    return false;
-  }
-  return true;
+  bool good = std::isfinite(v[0]) && std::isfinite(v[n - 1]);
+  for (int i = 1; i < n && good; i++) good = rises ? v[i] > v[i - 1] : v[i] < v[i - 1];
+  if (!good) warnWithText(s, 124, "Arrays must be monoton");
+  return good;
 }
 
 bool isFieldGrid(PlotState* s, const GridField& f) {

@@ -176,6 +176,28 @@ TEST_F(Fields, WrongFieldsAreTold) {
       " <<<< Warning 2: Incorrect parameter in stmpts!   (1)\n");
 }
 
+TEST_F(Fields, WildNumbersDoNoHarm) {
+  const float endless = INFINITY, large = 3e38F;
+  openSystem();
+  rotation();
+  for (std::size_t k = 0; k < vx.size(); k += 3) vx[k] = k % 2 == 0 ? NAN : large;
+  stream();
+  stream({7, endless, NAN}, {5, 5, 5});
+  VECMAT(vx.data(), vy.data(), kN, kM, x.data(), y.data(), 2021);
+  x.back() = large;
+  stream();
+  const std::string told = " <<<< Warning 124: Arrays must be monoton in stream!\n";
+  x.back() = endless;
+  EXPECT_EQ(outputOf([&] { stream(); }), told);
+  x.back() = NAN;
+  EXPECT_EQ(outputOf([&] { stream(); }), told);
+  const float px[] = {0, NAN, endless}, py[] = {0, 1, large};
+  const int corner[] = {1, 2, 3};
+  STMTRI(px, py, px, py, 3, corner, corner + 1, corner + 2, 1, px, py, 0);
+  FIELD(px, py, py, px, 3, 2021);
+  VECFLD(px, py, py, px, 3, 2021);
+}
+
 TEST_F(Fields, FallingCoordinatesAreAsGood) {
   open();
   rotation();

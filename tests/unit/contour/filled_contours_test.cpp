@@ -300,6 +300,23 @@ TEST_F(FilledContours, NoNumbersLeaveHoles) {
   expectAreas(areas(), {{0, 96}});
 }
 
+TEST_F(FilledContours, WildNumbersDoNoHarm) {
+  const float endless = INFINITY, large = 3e38F;
+  openSystem();
+  grid(11, 11, [](float u, float v) { return u * v; });
+  colors({-7, 1 << 30, 300});
+  shade({endless, NAN, -endless, large, 5});
+  z[17] = large;
+  z[33] = -large;
+  x[3] = large;
+  y[5] = NAN;
+  shade({-large, 0, large});
+  SHDMOD("POLY", "CONT");
+  shade({-large, 0, large, endless, NAN});
+  RESET("CONCLR");
+  shade({-endless, endless});
+}
+
 TEST_F(FilledContours, CellsOfOneBandAreJoined) {
   openSystem();
   grid(11, 101, [](float, float) { return 1; });
