@@ -36,7 +36,12 @@ void XDRAW(float x, float y) {
 }
 
 void STRTPT(float x, float y) {
-  if (PlotState* s = strictCheck(1, 3, "strtpt")) penMove(s, x, userY(s, y));
+  PlotState* s = strictCheck(1, 3, "strtpt");
+  if (!s) return;
+  penMove(s, x, userY(s, y));
+  s->streamlines.seedGiven = true;
+  s->streamlines.seedX = x;
+  s->streamlines.seedY = y;
 }
 
 void CONNPT(float x, float y) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "contour/contour_group.h"
+#include "contour/field_group.h"
 #include "core/color_group.h"
 #include "core/file_group.h"
 #include "core/level_group.h"
@@ -77,6 +78,11 @@ struct PlotState {
   ResolutionGroup resolution;
   ShadeModeGroup shadeModes;
   ContourGroup contour;
+  BandGroup bands;
+  ScatteredGroup scattered;
+  VectorGroup vectors;
+  StreamGroup streamlines;
+  LicGroup lic;
   ImageGroup image;
   ViewGroup view;
   BoxTransform boxTransform;

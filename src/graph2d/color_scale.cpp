@@ -16,6 +16,14 @@ int outsideColor(const PlotState* s, bool beforeStart) {
   return visible(s, beforeStart ? s->color.backgroundColor : s->color.foregroundColor);
 }
 
+void takeColorRange(PlotState* s) {
+  ColorScaleState& c = s->colorScale;
+  c.low = s->color.colorRangeLow;
+  c.high = s->color.colorRangeHigh;
+  const float range = c.end - c.start;
+  c.factor = std::fabs(range) > kTiny ? static_cast<float>(c.high - c.low + 1) / range : 0.0F;
+}
+
 } // namespace
 
 void storeColorScale(PlotState* s, const AxisScale& scale) {
@@ -26,10 +34,15 @@ void storeColorScale(PlotState* s, const AxisScale& scale) {
   c.end = scale.end;
   c.userMin = limits.min;
   c.userMax = limits.max;
-  c.low = s->color.colorRangeLow;
-  c.high = s->color.colorRangeHigh;
-  const float range = scale.end - scale.start;
-  c.factor = std::fabs(range) > kTiny ? static_cast<float>(c.high - c.low + 1) / range : 0.0F;
+  takeColorRange(s);
+}
+
+void scaleOverRange(PlotState* s, float low, float high) {
+  ColorScaleState& c = s->colorScale;
+  c.logarithmic = false;
+  c.start = c.userMin = low;
+  c.end = c.userMax = high;
+  takeColorRange(s);
 }
 
 int colorOfValue(const PlotState* s, float z) {

@@ -5,6 +5,7 @@
 #include "core/colors.h"
 #include "core/levels.h"
 #include "core/messages.h"
+#include "core/page.h"
 #include "core/pipeline.h"
 #include "core/stop_request.h"
 #include "graph2d/color_graph.h"
@@ -115,4 +116,12 @@ void CRVTRI(const float* x, const float* y, const float* z, int n, const int* i1
     if (good) fillTriangle(s, t);
   }
   endPainting(painter);
+}
+
+void TRIFLL(const float* x, const float* y) {
+  PlotState* s = strictCheck(1, 3, "trifll");
+  if (!s) return;
+  float py[kCorners];
+  for (int i = 0; i < kCorners; i++) py[i] = userY(s, y[i]);
+  fillSolid(s, x, py, kCorners);
 }

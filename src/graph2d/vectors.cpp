@@ -15,14 +15,20 @@ namespace {
 
 enum HeadKind : int { kHeadOpen = 0, kHeadOutlined = 1, kHeadFilled = 2 };
 constexpr int kHighestCode = 2992;
-constexpr int kUsualWidth = 3;        // tenths of the length
-constexpr float kLengthUnit = 10.0F;  // plot units
-constexpr float kUsualLength = 0.25F; // of the line
+constexpr float kLengthUnit = 10.0F; // plot units
 
 struct Head {
   int kind;
   float length, halfWidth;
 };
+
+bool hasHead(int code) { return code >= 0 && code <= kHighestCode && (code % 10 == 1 || code % 10 == 2); }
+
+Head headOf(int code, float usualLength, float usualWidth) {
+  const int x = code / 100 % 10, y = code / 10 % 10;
+  const float length = y == 0 ? usualLength : static_cast<float>(y) * kLengthUnit;
+  return {code / 1000, length, length * (x == 0 ? usualWidth : static_cast<float>(x) / 10.0F)};
+}
 
 // A head with its tip at (x, y) that points along the unit vector (u, v).
 void drawHead(PlotState* s, const Head& h, float x, float y, float u, float v) {
@@ -38,19 +44,20 @@ void drawHead(PlotState* s, const Head& h, float x, float y, float u, float v) {
 
 } // namespace
 
-void drawVector(PlotState* s, float x1, float y1, float x2, float y2, int code) {
+void drawVector(PlotState* s, float x1, float y1, float x2, float y2, int code, const HeadShape& usual) {
   penMove(s, x1, y1);
   penDraw(s, x2, y2);
-  const int w = code / 1000, x = code / 100 % 10, y = code / 10 % 10, z = code % 10;
   const float length = std::hypot(x2 - x1, y2 - y1);
-  if (code < 0 || code > kHighestCode || z < 1 || z > 2 || !(length > 0.0F)) return;
-  Head h;
-  h.kind = w;
-  h.length = y == 0 ? length * kUsualLength : std::min(static_cast<float>(y) * kLengthUnit, length);
-  h.halfWidth = h.length * static_cast<float>(x == 0 ? kUsualWidth : x) / 10.0F;
+  if (!hasHead(code) || !(length > 0.0F)) return;
+  Head h = headOf(code, length * usual.length, usual.halfWidth);
+  if (h.length > length) h = {h.kind, length, h.halfWidth / h.length * length};
   const float u = (x2 - x1) / length, v = (y2 - y1) / length;
   drawHead(s, h, x2, y2, u, v);
-  if (z == 2) drawHead(s, h, x1, y1, -u, -v);
+  if (code % 10 == 2) drawHead(s, h, x1, y1, -u, -v);
+}
+
+void drawVectorHead(PlotState* s, float x, float y, float u, float v, int code, float usualLength) {
+  if (hasHead(code)) drawHead(s, headOf(code, usualLength, HeadShape{}.halfWidth), x, y, u, v);
 }
 
 } // namespace quilla

@@ -107,6 +107,11 @@ void applyDefaultSettings(PlotState* s) {
   s->resolution = defaultResolutionGroup(s);
   s->shadeModes = ShadeModeGroup{};
   s->contour = defaultContourGroup(s);
+  s->bands = BandGroup{};
+  s->scattered = ScatteredGroup{};
+  s->vectors = VectorGroup{};
+  s->streamlines = StreamGroup{};
+  s->lic = LicGroup{};
   s->legend = LegendGroup{};
   s->legendState.handMode = false;
   resetCycle(s);

@@ -160,7 +160,9 @@ constexpr ResetRow kResetRows[] = {
      s->color.colorRangeLow = 1;
      s->color.colorRangeHigh = lastRangeEntry(s);
    }},
-    {"CONC", nullptr},
+    {"CONC", [](PlotState* s, const Defaults&) {
+     s->bands = BandGroup{};
+   }},
     {"CONG", [](PlotState* s, const Defaults& d) {
      s->contour.contourGapFactor = d.contour.contourGapFactor;
    }},
@@ -276,7 +278,9 @@ constexpr ResetRow kResetRows[] = {
     {"MAPS", [](PlotState* s, const Defaults&) {
      s->projection.maximumAngle = ProjectionGroup{}.maximumAngle;
    }},
-    {"MDFM", nullptr},
+    {"MDFM", [](PlotState* s, const Defaults&) {
+     s->scattered = ScatteredGroup{};
+   }},
     {"MIXA", [](PlotState* s, const Defaults&) {
      s->text.mixOn = false;
    }},

@@ -82,6 +82,7 @@ void run_keyword(int keyword, const char* text) {
   case kPlot: return run_plot(false);
   case kScattr: return run_plot(true);
   case kContour: return run_contour();
+  case kConshade: return run_conshade();
   case kPlot3: return run_plot3();
   case kPlot3r: return run_plot3r();
   case kSurf3: return run_surf3();
@@ -94,7 +95,6 @@ void run_keyword(int keyword, const char* text) {
   case kGoto: return run_goto();
   case kReturn: return run_return();
   case kSubroutine: return run_header(false);
-  case kConshade:
   case kSurshade: return report_unavailable("Statement", kKeywordNames[keyword]);
   }
 }

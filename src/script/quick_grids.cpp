@@ -1,4 +1,4 @@
-// Quick plots of a function on a grid: their operands, and CONTOUR.
+// Quick plots of a function on a grid: their operands, CONTOUR and CONSHADE.
 #include <cstdio>
 #include <cstdlib>
 
@@ -100,18 +100,34 @@ bool read_contours(int n, GridOperands& g, const char* statement) {
   return true;
 }
 
-void draw_contours(const GridOperands& g) {
+void open_graph(const GridOperands& g) {
   begin_quick_plot();
   LABELS("float", "contour");
   apply_all_system_variables();
   scale_axis(array_range(g.x, g.nx), 1);
   scale_axis(array_range(g.y, g.ny), 2);
   open_axes();
+}
+
+void draw_contours(const GridOperands& g) {
   const int height = GETHGT();
   HEIGHT(kLabelHeight);
   for (std::int32_t i = 0; i < g.level_count; ++i) CONTUR(g.x, g.nx, g.y, g.ny, g.z, g.levels[i]);
   HEIGHT(height);
-  SENDBF();
+}
+
+void draw_bands(const GridOperands& g) { CONSHD(g.x, g.nx, g.y, g.ny, g.z, g.levels, g.level_count); }
+
+// A statement that takes the operands of contours and draws into a graph of its own.
+void run_contours(const char* statement, void (*draw)(const GridOperands& g)) {
+  GridOperands g;
+  if (read_contours(evaluate(true), g, statement)) {
+    open_graph(g);
+    draw(g);
+    SENDBF();
+  }
+  std::free(g.memory);
+  clear_stack(0);
 }
 
 } // namespace
@@ -120,11 +136,7 @@ bool read_surface(int n, GridOperands& grid, float first, const char* statement)
   return read_matrix(n, grid, statement) && read_grid(grid, n >= 3 ? 2 : n - 1, first, statement);
 }
 
-void run_contour() {
-  GridOperands g;
-  if (read_contours(evaluate(true), g, "CONTOUR")) draw_contours(g);
-  std::free(g.memory);
-  clear_stack(0);
-}
+void run_contour() { run_contours("CONTOUR", draw_contours); }
+void run_conshade() { run_contours("CONSHADE", draw_bands); }
 
 } // namespace qsl
