@@ -22,6 +22,7 @@
 #include "graph2d/legend_group.h"
 #include "graph2d/matrix_group.h"
 #include "graph2d/pie_group.h"
+#include "graph3d/depth_group.h"
 #include "graph3d/horizon_group.h"
 #include "graph3d/light_group.h"
 #include "graph3d/view_group.h"
@@ -79,6 +80,7 @@ struct PlotState {
   BoxTransform boxTransform;
   SurfaceGroup surface;
   LightGroup light;
+  DepthGroup depth;
   ScreenGroup window;
 
   // Working state.
@@ -102,6 +104,7 @@ struct PlotState {
   BoxPen boxPen;
   PlaneState plane;
   HorizonState horizon;
+  DepthState depthState;
   bool shieldingSuspended = false;  // outlines of shields are not cut
   bool internalCoordinates = false; // a routine of the library draws: y of PAGORG is not reversed
 };
