@@ -780,6 +780,9 @@ void SURFCP(float (*function)(float a, float b, int coordinate), float a1, float
 /* 3: triangulation; numbers of points from 1 */
 void SURTRI(const float* x, const float* y, const float* z, int n, const int* i1, const int* i2, const int* i3,
             int ntri);
+/* 3: surface on which w has one value, in the current colour or those of SURCLR; w(i, j, k) is w[(i * m + j) * l + k]
+ */
+void SURISO(const float* x, int n, const float* y, int m, const float* z, int l, const float* w, float level);
 void SURMSH(const char* mode);       /* setter: mesh "OFF", "ON", "ONLY", lines "LINE", points "POIN"; default "OFF" */
 void MSHCLR(int color);              /* setter: of the mesh; -1 the current one */
 void ZSCALE(float start, float end); /* setter: values of the first and last colour instead of the limits of Z */

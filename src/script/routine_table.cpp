@@ -493,7 +493,7 @@ constexpr RoutineRow kRoutines[kRoutineCount] = {
     bound<"SURFCE", "FR,I,FR,I,FR", SURFCE>(counted(1, 2), counted(3, 4), counted(5, 2, 4)),
     own("SURFCP", "S,X,X,X,X,X,X", run_surfcp<SURFCP>),
     own("SURFUN", "S,I,X,I,X", run_surfun<SURFUN>),
-    absent("SURISO", "FR,I,FR,I,FR,I,FR,X", counted(1, 2), counted(3, 4), counted(5, 6), counted(7, 2, 4, 6)),
+    bound<"SURISO", "FR,I,FR,I,FR,I,FR,X", SURISO>(counted(1, 2), counted(3, 4), counted(5, 6), counted(7, 2, 4, 6)),
     bound<"SURMAT", "FR,I,I,I,I", SURMAT>(counted(1, 2, 3)),
     bound<"SURMSH", "S", SURMSH>(),
     bound<"SUROPT", "S", SUROPT>(),

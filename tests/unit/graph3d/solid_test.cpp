@@ -302,6 +302,45 @@ TEST_F(Solids, LitSurface) {
   EXPECT_TRUE(colors().contains("0x01d6d6d6")); // 0.84 of 255 is 214
 }
 
+// Squares of the distance from the middle: the surface of the value 0.25 is a sphere of radius 0.5. Its corners lie on
+// edges of a grid of 0.1, so that they are off it by a fraction of that at most.
+TEST_F(Solids, SurfaceOfOneValue) {
+  constexpr int kNodes = 17;
+  float x[kNodes];
+  for (int i = 0; i < kNodes; i++) x[i] = 0.1F * static_cast<float>(i - 8);
+  std::vector<float> w;
+  for (float a : x)
+    for (float b : x)
+      for (float c : x) w.push_back(a * a + b * b + c * c);
+  std::filesystem::remove("trace.txt");
+  open("SVG");
+  NOGRAF();
+  VIEW3D(0, 0, 500, "ABS"); // from so far the page shows x and y as they are
+  VANG3D(0.2F);
+  GRAF3D(-1, 1, -1, 1, -1, 1, -1, 1, -1, 1, -1, 1);
+  SURISO(x, kNodes, x, kNodes, x, kNodes, w.data(), 0.25F);
+  float px0 = 0, py0 = 0, px1 = 0, py1 = 0;
+  REL3PT(0, 0, 0, &px0, &py0);
+  REL3PT(1, 0, 0, &px1, &py1);
+  const double unit = static_cast<double>(px1 - px0);
+  double farthest = 0.0;
+  std::size_t count = 0;
+  for (const std::string& fill : traced("fill")) {
+    double fx, fy;
+    ASSERT_EQ(std::sscanf(fill.c_str(), "3 %lf %lf", &fx, &fy), 2);
+    farthest = std::fmax(farthest, std::hypot(fx - static_cast<double>(px0), fy - static_cast<double>(py0)) / unit);
+    count++;
+  }
+  EXPECT_GT(count, 500U);
+  EXPECT_NEAR(farthest, 0.5, 0.01);
+  std::filesystem::remove("trace.txt");
+  open("SVG");
+  NOGRAF();
+  GRAF3D(-1, 1, -1, 1, -1, 1, -1, 1, -1, 1, -1, 1);
+  SURISO(x, kNodes, x, kNodes, x, kNodes, w.data(), 9);
+  EXPECT_EQ(traced("fill").size(), 0U);
+}
+
 TEST_F(Solids, LevelsAndSizes) {
   open("SVG");
   const float x[] = {0, 1}, z[] = {0, 0, 0, 0};
