@@ -9,6 +9,7 @@
 #include "core/pipeline.h"
 #include "core/projection.h"
 #include "core/stop_request.h"
+#include "device/raster_driver.h"
 #include "graph3d/facet_call.h"
 #include "quilla/quilla.h"
 
@@ -57,6 +58,17 @@ bool liesInBox(const SolidFrame& f) {
          std::fabs(f.middle.y) + f.reach <= box[kAxisY] / 2.0F && std::fabs(f.middle.z) + f.reach <= box[kAxisZ] / 2.0F;
 }
 
+// With a value of TPRVAL that lets something through, a solid of the z-buffer is a picture of its own, laid over what
+// stands. True if one was opened.
+bool openSolidLayer(PlotState* s) {
+  constexpr int kOpaque = 255;
+  RasterCanvas* canvas = s->raster.canvas;
+  if (s->image.transparencyValue >= kOpaque || !s->depthState.bufferOn || !canvas || !canvas->trueColour) return false;
+  if (s->raster.transparencyDepth > 0) return false; // TPRINI has opened one
+  setCanvasAlpha(*canvas, s->image.transparencyValue);
+  return openLayer(*canvas);
+}
+
 // Draws the faces as SURVIS asks: the lower side with the corners in reversed order and the colours and materials of
 // both sides exchanged, then the upper side.
 template <class Faces> void drawSolid(SolidFrame& f, Faces faces) {
@@ -67,6 +79,7 @@ template <class Faces> void drawSolid(SolidFrame& f, Faces faces) {
   const int lower = s->surface.lowerColor >= 0 ? s->surface.lowerColor : current;
   const int clip = s->view.boxClip;
   if (clip == kClipWorld && liesInBox(f)) s->view.boxClip = kClipNothing;
+  const bool layered = openSolidLayer(s);
   f.style = facetStyle(s);
   if (side != kVisibleAuto) f.style.culledBack = true;
   if (side == kVisibleBottom || side == kVisibleBoth) {
@@ -82,6 +95,7 @@ template <class Faces> void drawSolid(SolidFrame& f, Faces faces) {
     faces(f);
   }
   flushPath(s);
+  if (layered) rasterEndLayer(s);
   s->view.boxClip = clip;
   if (s->color.currentColor != current) setColor(s, current);
 }

@@ -180,6 +180,20 @@ TEST_F(DepthBuffer, DocumentsGetARasterOfTheirOwn) {
   EXPECT_NE(bytes.find("/Subtype /Image"), std::string::npos);
 }
 
+// A solid that lets half of the light through is laid over what stands; its inner sides do not show.
+TEST_F(DepthBuffer, TransparentSolids) {
+  openBox();
+  ZBFINI();
+  triangle(-0.9F, colorOf(kRed));
+  TPRVAL(0.5F);
+  SETRGB(0, 0, 1);
+  QUAD3D(0, 0, 0, 0.4F, 0.4F, 0.4F);
+  const Rgb mixed = at(0, 0, 0.2F);
+  EXPECT_NEAR(mixed.r, 127, 2);
+  EXPECT_NEAR(mixed.b, 128, 2);
+  EXPECT_EQ(at(0, -0.6F, -0.9F), kRed);
+}
+
 // A forgotten ZBFFIN and DBFFIN are made up for at the end.
 TEST_F(DepthBuffer, EndsWithThePlot) {
   openBox("PDF");
