@@ -883,6 +883,72 @@ void LICPTS(const float* xmat, const float* ymat, int n, int m, const int* textu
  * the texture, default "OFF" */
 void LICMOD(const char* value, const char* key);
 
+/* ---- Shaded surfaces and solids ---------------------------------------------------------------------------------- */
+
+/* The z-buffer keeps a depth for each pixel of a window or a raster; in PostScript and PDF a raster is opened for it
+ * and put on the page as an image. The depth list collects polygons and paints the farthest first; vectors stay
+ * vectors. Warnings 115 and 120 if one of them is not open, or open already. */
+int ZBFINI(void);              /* 1..3: opens the z-buffer; 0 if it is ready. Message 40 for other devices */
+void ZBFFIN(void);             /* 1..3: closes it */
+void ZBFRES(void);             /* 1..3: all depths are far again */
+void ZBFERS(void);             /* 1..3: the raster is empty again */
+void ZBFMOD(const char* mode); /* setter: "ON" or, without depths in the order given, "OFF"; default "ON" */
+void ZBFSCL(float factor);     /* setter: resolution of the raster in documents, 1 to 10 times 72 an inch; default 1 */
+/* 3: triangle of three points in user coordinates, their colours run over it */
+void ZBFTRI(const float* x, const float* y, const float* z, const int* colors);
+void ZBFLIN(float x1, float y1, float z1, float x2, float y2, float z2); /* 3: line in user coordinates */
+int DBFINI(void);              /* 1..3: opens the depth list; 0 if it is ready */
+void DBFFIN(void);             /* 1..3: paints what it holds */
+void DBFMOD(const char* mode); /* setter: "ON" or, in the order given, "OFF"; default "ON" */
+
+/* 3: function on a grid, coloured by the scale of Z, by SURCLR after SHDMOD("OFF", "ZSCA"), or by the lights. Without
+ * z-buffer and depth list facets are painted from the farthest on */
+void SURSHD(const float* x, int n, const float* y, int m, const float* z);
+/* 3: the same, coloured by the values w of the grid */
+void SURSHC(const float* x, int n, const float* y, int m, const float* z, const float* w);
+/* 3: parametric surface; coordinate 1, 2, 3 for x, y, z. Message 2 if a step is not positive or a range is empty */
+void SURFCP(float (*function)(float a, float b, int coordinate), float a1, float a2, float astep, float b1, float b2,
+            float bstep);
+/* 3: triangulation; numbers of points from 1 */
+void SURTRI(const float* x, const float* y, const float* z, int n, const int* i1, const int* i2, const int* i3,
+            int ntri);
+/* 3: surface on which w has one value, in the current colour or those of SURCLR; w(i, j, k) is w[(i * m + j) * l + k]
+ */
+void SURISO(const float* x, int n, const float* y, int m, const float* z, int l, const float* w, float level);
+void SURMSH(const char* mode);       /* setter: mesh "OFF", "ON", "ONLY", lines "LINE", points "POIN"; default "OFF" */
+void MSHCLR(int color);              /* setter: of the mesh; -1 the current one */
+void ZSCALE(float start, float end); /* setter: values of the first and last colour instead of the limits of Z */
+
+/* 3: solids, in the current colour or those of SURCLR. They need a z-buffer or a depth list, else message 115, or 40
+ * where there is no raster. Radii are in units of the X axis, heights in those of Z. segments are counted around,
+ * stripes along. A radius of 0 draws nothing. */
+void SPHE3D(float x, float y, float z, float radius, int segments, int stripes);
+void CYLI3D(float x, float y, float z, float radius, float height, int segments, int stripes); /* (x, y, z): foot */
+/* cut: height where the cone or the pyramid ends, its whole height for a tip */
+void CONE3D(float x, float y, float z, float radius, float height, float cut, int segments, int stripes);
+void PYRA3D(float x, float y, float z, float radius, float height, float cut, int sides);
+void DISK3D(float x, float y, float z, float inner, float outer, int segments, int rings);
+/* From the inner to the outer radius, of a height, between two angles in degrees */
+void TORUS3D(float x, float y, float z, float inner, float outer, float height, float from, float to, int segments,
+             int parts);
+void TUBE3D(float x1, float y1, float z1, float x2, float y2, float z2, float radius, int segments, int stripes);
+void PIKE3D(float x1, float y1, float z1, float x2, float y2, float z2, float radius, int segments,
+            int stripes);                                             /* the tip is the second point */
+void QUAD3D(float x, float y, float z, float lx, float ly, float lz); /* middle and lengths */
+/* "CUBE", "TETR", "OCTA", "DODE", "ICOS", with edges of a size */
+void PLAT3D(float x, float y, float z, float size, const char* kind);
+/* Bars from z1 to z2 with widths and colours, -1 the current one */
+void BARS3D(const float* x, const float* y, const float* z1, const float* z2, const float* wx, const float* wy,
+            const int* colors, int n);
+
+/* 3: vertices as triangles "TRIA", their strip "TSTR", "POLY", quadrangles "QUAD", their strip "QSTR"; or, without
+ * z-buffer too, as points "POIN", pairs "LINE", a curve "CURV", a closed one "PLIN" */
+void VTX3D(const float* x, const float* y, const float* z, int n, const char* mode);
+void VTXC3D(const float* x, const float* y, const float* z, const int* colors, int n, const char* mode);
+void VTXN3D(const float* x, const float* y, const float* z, const float* nx, const float* ny, const float* nz, int n,
+            const char* mode);
+void TRIA3D(const float* x, const float* y, const float* z); /* 3: triangle of three points */
+
 /* ---- Quick plots: a whole graph in one call; the plot is opened if there is none, and stays open ---------------- */
 
 void QPLOT(const float* x, const float* y, int n);  /* any: a curve */

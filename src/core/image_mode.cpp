@@ -29,6 +29,6 @@ void IMGFIN(void) {
   if (!s) return;
   if (!s->raster.imageOpen) return warnPlain(s, kImageNotOpen);
   flushPath(s);
-  if (holdsPageImages(s)) sinkCloseImage(s);
+  if (holdsPageImages(s) && !s->depthState.ownRaster) sinkCloseImage(s);
   s->raster.imageOpen = false;
 }

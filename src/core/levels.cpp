@@ -60,6 +60,7 @@ void releaseState(PlotState*& s) {
   if (s->streams.errorFileOpen) std::fclose(s->streams.errorFileStream);
   std::free(s->deviceSetup.psInfoText);
   delete[] s->horizon.largest;
+  if (s->depthState.freeList) s->depthState.freeList(s);
   delete s;
   s = nullptr;
 }

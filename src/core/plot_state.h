@@ -24,6 +24,7 @@
 #include "graph2d/matrix_group.h"
 #include "graph2d/pie_group.h"
 #include "graph2d/projection_group.h"
+#include "graph3d/depth_group.h"
 #include "graph3d/horizon_group.h"
 #include "graph3d/light_group.h"
 #include "graph3d/view_group.h"
@@ -90,6 +91,7 @@ struct PlotState {
   LightGroup light;
   ProjectionGroup projection;
   MapDataGroup mapData;
+  DepthGroup depth;
   ScreenGroup window;
 
   // Working state.
@@ -114,6 +116,7 @@ struct PlotState {
   PlaneState plane;
   HorizonState horizon;
   ProjectionState map;
+  DepthState depthState;
   bool shieldingSuspended = false;  // outlines of shields are not cut
   bool internalCoordinates = false; // a routine of the library draws: y of PAGORG is not reversed
 };

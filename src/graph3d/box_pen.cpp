@@ -4,7 +4,8 @@
 
 #include "core/pipeline.h"
 #include "core/projection.h"
-#include "graph3d/box.h"
+#include "device/depth_raster.h"
+#include "graph3d/facets.h"
 
 namespace quilla {
 
@@ -15,18 +16,45 @@ enum SideClass : int { kBelow = 1, kInside = 2, kAbove = 3 };
 
 bool isFinite(const BoxPoint& p) { return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z); }
 
+// The pen of the z-buffer.
+void depthMove(PlotState* s, const PagePoint& page, const ClipPoint& p) {
+  s->boxPen.pageX = page.x;
+  s->boxPen.pageY = page.y;
+  s->boxPen.pageDepth = p.z / p.w;
+}
+
+void depthDraw(PlotState* s, const PagePoint& page, const ClipPoint& p) {
+  const BoxPen from = s->boxPen;
+  depthMove(s, page, p);
+  const auto originX = static_cast<float>(s->page.originX), originY = static_cast<float>(s->page.originY);
+  const Shade c = shadeOfColor(s, s->color.currentColor);
+  sinkDepthLine(s, {from.pageX + originX, from.pageY + originY, from.pageDepth, c.r, c.g, c.b},
+                {page.x + originX, page.y + originY, s->boxPen.pageDepth, c.r, c.g, c.b});
+}
+
+void lineMove(PlotState* s, const PagePoint& page, const ClipPoint& p) {
+  if (s->depthState.bufferOn) return depthMove(s, page, p);
+  penMove(s, page.x, page.y);
+}
+
 // The pen of the page. What projects to no finite number is left out.
 void pageMove(PlotState* s, const ClipPoint& p) {
   const PagePoint page = pageOfClipSpace(s, p);
   s->boxPen.down = std::isfinite(page.x) && std::isfinite(page.y);
-  if (s->boxPen.down) penMove(s, page.x, page.y);
+  if (s->boxPen.down) lineMove(s, page, p);
 }
 
 void pageDraw(PlotState* s, const ClipPoint& p) {
   const PagePoint page = pageOfClipSpace(s, p);
   const bool finite = std::isfinite(page.x) && std::isfinite(page.y);
-  if (finite && s->boxPen.down) penDraw(s, page.x, page.y);
-  if (finite && !s->boxPen.down) penMove(s, page.x, page.y);
+  if (finite && !s->boxPen.down) lineMove(s, page, p);
+  if (finite && s->boxPen.down) {
+    if (s->depthState.bufferOn) {
+      depthDraw(s, page, p);
+    } else {
+      penDraw(s, page.x, page.y);
+    }
+  }
   s->boxPen.down = finite;
 }
 

@@ -52,7 +52,8 @@ struct ViewState {
 struct BoxPen {
   float x = 0.0F, y = 0.0F, z = 0.0F, w = 1.0F;
   bool outside = true;
-  bool down = false; // the pen of the page stands at this point
+  bool down = false;                                  // the pen of the page stands at this point
+  float pageX = 0.0F, pageY = 0.0F, pageDepth = 0.0F; // where it stands, for lines of the z-buffer
 };
 
 // Working state between GRFINI and GRFFIN: u and v run from 0 to 1 along the 2-D axis system, p + u e1 + v e2 is the

@@ -80,6 +80,7 @@ RasterCanvas* createCanvas(int width, int height, bool trueColour, bool backgrou
 
 void freeCanvas(RasterCanvas* canvas) {
   if (!canvas) return;
+  std::free(canvas->depths);
   std::free(canvas->basePixels);
   std::free(canvas->layerPixels);
   delete canvas;

@@ -35,6 +35,7 @@ struct RasterCanvas {
   unsigned char* pixels = nullptr;      // the active block: basePixels or layerPixels
   unsigned char* basePixels = nullptr;  // owned
   unsigned char* layerPixels = nullptr; // owned; null until the first transparency layer
+  float* depths = nullptr;              // owned; of the z-buffer, one a pixel, null without one
   int width = 0, height = 0;
   int stride = 0; // bytes of a row
   bool trueColour = false;

@@ -9,6 +9,7 @@
 #include "device/device_table.h"
 #include "device/screen.h"
 #include "device/sink.h"
+#include "graph3d/facets.h"
 #include "quilla/quilla.h"
 #include "run/default_settings.h"
 
@@ -112,6 +113,8 @@ void QUIFIN(void) {
   PlotState* s = strictCheck(1, 3, "quifin");
   if (!s) return;
   flushPath(s);
+  if (s->depthState.list) endDepthList(s);
+  if (s->depthState.bufferOn) endDepthBuffer(s);
   horizonFree(s);
   sinkClose(s);
   s->level.plotLevel = kLevelNone;

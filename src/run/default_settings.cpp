@@ -122,6 +122,7 @@ void applyDefaultSettings(PlotState* s) {
   s->plane = PlaneState{};
   s->surface = SurfaceGroup{};
   s->light = LightGroup{};
+  s->depth = DepthGroup{};
   s->horizon.on = false;
   s->measure = PathMeasure{};
   s->projection = ProjectionGroup{};

@@ -478,7 +478,9 @@ constexpr ResetRow kResetRows[] = {
     {"WINS", [](PlotState* s, const Defaults&) {
      s->windowSetup.windowPlacementMode = kWindowDefault;
    }},
-    {"ZSCA", nullptr},
+    {"ZSCA", [](PlotState* s, const Defaults&) {
+     s->depth.scaleGiven = false;
+   }},
 };
 static_assert(sizeof kResetRows / sizeof kResetRows[0] == 130);
 

@@ -87,6 +87,7 @@ void run_keyword(int keyword, const char* text) {
   case kPlot3r: return run_plot3r();
   case kSurf3: return run_surf3();
   case kSurface: return run_surface();
+  case kSurshade: return run_surshade();
   case kBreak: return run_break();
   case kCall: return run_call(text);
   case kContinue: return run_continue();
@@ -95,7 +96,6 @@ void run_keyword(int keyword, const char* text) {
   case kGoto: return run_goto();
   case kReturn: return run_return();
   case kSubroutine: return run_header(false);
-  case kSurshade: return report_unavailable("Statement", kKeywordNames[keyword]);
   }
 }
 

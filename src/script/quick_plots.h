@@ -16,6 +16,7 @@ void run_plot(bool scatter);
 void run_contour();
 void run_surface();
 void run_conshade();
+void run_surshade();
 void run_plot3();
 void run_plot3r();
 void run_surf3();

@@ -1,4 +1,4 @@
-// SURFACE: a matrix, or a grid with its x and y, as a mesh with hidden lines.
+// SURFACE and SURSHADE: a matrix, or a grid with its x and y, as a mesh with hidden lines or as a shaded surface.
 #include <algorithm>
 #include <cstdio>
 #include <memory>
@@ -67,12 +67,14 @@ struct GridSide {
   }
 };
 
-void draw_surface(int n) {
+using SurfaceRoutine = void (*)(const float* x, int n, const float* y, int m, const float* z);
+
+void draw_surface(int n, const char* statement, SurfaceRoutine routine) {
   Extents e{};
-  if (!check_grid(n, "SURFACE", e)) return;
+  if (!check_grid(n, statement, e)) return;
   GridSide x, y;
   if (!x.take(1, n, e.n) || !y.take(2, n, e.m)) {
-    report_error("Not enough memory in SURFACE");
+    complain("Not enough memory in %s", statement);
     return;
   }
   begin_quick_plot();
@@ -84,7 +86,7 @@ void draw_surface(int n) {
   NOCLIP();
   GRAF3D(a[0][0], a[0][1], a[0][2], a[0][3], a[1][0], a[1][1], a[1][2], a[1][3], a[2][0], a[2][1], a[2][2], a[2][3]);
   TITLE();
-  SURFCE(x.values, e.n, y.values, e.m, elements<float>(*peek_operand(0)));
+  routine(x.values, e.n, y.values, e.m, elements<float>(*peek_operand(0)));
   RESET("noclip");
   SENDBF();
 }
@@ -92,7 +94,12 @@ void draw_surface(int n) {
 } // namespace
 
 void run_surface() {
-  draw_surface(evaluate(true));
+  draw_surface(evaluate(true), "SURFACE", SURFCE);
+  clear_stack(0);
+}
+
+void run_surshade() {
+  draw_surface(evaluate(true), "SURSHADE", SURSHD);
   clear_stack(0);
 }
 

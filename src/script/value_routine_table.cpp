@@ -49,7 +49,7 @@ constexpr RoutineRow kValueRoutines[kValueRoutineCount] = {
     bound<"CLOSFL", "I", CLOSFL>(),
     bound<"CSRKEY", "", CSRKEY>(),
     own("CSRPOS", "I,I", run_csrpos),
-    absent("DBFINI", ""),
+    bound<"DBFINI", "", DBFINI>(),
     absent("DWGBUT", "S,I"),
     absent("DWGERR", ""),
     absent("DWGLIS", "S,S,I"),
@@ -140,7 +140,7 @@ constexpr RoutineRow kValueRoutines[kValueRoutineCount] = {
     absent("WGTXT", "I,S"),
     bound<"WINID", "", WINID>(),
     bound<"WRITFL", "I,AR,I", WRITFL>(counted_bytes(2, 3)),
-    absent("ZBFINI", ""),
+    bound<"ZBFINI", "", ZBFINI>(),
 };
 // clang-format on
 
