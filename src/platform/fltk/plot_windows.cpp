@@ -280,11 +280,14 @@ constexpr WindowSystem kSystem = {screenSize,  openWindow, closeWindow, showWind
 } // namespace
 
 extern "C" const quilla::WindowSystem* quillaWindowSystem() {
+  static bool opened = false;
+  if (opened) return &kSystem;
   // Without a display fl_open_display would end the program.
   Display* display = XOpenDisplay(nullptr);
   if (!display) return nullptr;
   fl_open_display(display);
   Fl::visual(FL_RGB);
   fl_register_images();
+  opened = true;
   return &kSystem;
 }
