@@ -120,8 +120,16 @@ DrawArea::DrawArea(int widget, const WidgetBox& b) : Fl_Window(b.x, b.y, b.width
   end();
 }
 
+void DrawArea::release() {
+  while (children() > 0) {
+    child(0)->hide();
+    remove(child(0));
+  }
+}
+
 int DrawArea::handle(int event) {
   if (event != FL_PUSH) return Fl_Window::handle(event);
+  Fl_Window::handle(event); // a plot takes what a cursor routine waits for
   putWidgetEvent(
       {.kind = WidgetEventKind::kMouse, .widget = number, .value = Fl::event_button() == FL_LEFT_MOUSE ? 1 : 2});
   return 1;
@@ -154,6 +162,7 @@ Sheet::Sheet(const ControlWish& wish)
   editor->when(FL_WHEN_ENTER_KEY_ALWAYS);
   editor->callback([](Fl_Widget*, void* self) { static_cast<Sheet*>(self)->finishEditing(); }, this);
   end();
+  color(FL_BACKGROUND2_COLOR);
   when(FL_WHEN_RELEASE);
   callback([](Fl_Widget* self, void*) {
     auto* sheet = static_cast<Sheet*>(self);

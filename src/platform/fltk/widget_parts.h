@@ -73,6 +73,7 @@ struct Rule : Fl_Widget {
 struct DrawArea : Fl_Window {
   int number;
   DrawArea(int widget, const WidgetBox& place);
+  void release(); // the plots that it holds, before its end: they belong to others
   int handle(int event) override;
 };
 

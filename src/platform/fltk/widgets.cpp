@@ -375,6 +375,9 @@ void closeFrame(int number) {
     const Control* control = controlOf(e.widget);
     return e.widget == number || (control && control->frame == number);
   });
+  for (auto& [id, control] : desk().controls)
+    if (control.frame == number && control.shape == ControlShape::kDraw)
+      static_cast<DrawArea*>(control.widget)->release();
   desk().frames.erase(number);
   std::erase_if(desk().controls, [number](const auto& entry) { return entry.second.frame == number; });
   std::erase_if(desk().menus, [number](const auto& entry) { return entry.second.frame == number; });
