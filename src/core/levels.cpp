@@ -57,6 +57,7 @@ PlotState*& statePlace() {
 void releaseState(PlotState*& s) {
   if (!s) return;
   if (s->device.freeDrivers) s->device.freeDrivers(s);
+  if (s->widgetSetup.freeWidgets) s->widgetSetup.freeWidgets(s);
   if (s->streams.errorFileOpen) std::fclose(s->streams.errorFileStream);
   std::free(s->deviceSetup.psInfoText);
   delete[] s->horizon.largest;

@@ -124,17 +124,28 @@ bool makeWindow(PlotState* s, int index) {
   return false;
 }
 
-// The picture of PAGWIN, or the window, and the scale of the page to it.
+// Whether plots go into a draw widget of the program.
+bool inWidget(const PlotState* s) {
+  int width = 0, height = 0;
+  const WindowSystem* system = windowSystem();
+  return system && system->holderSize(s->windowSetup.foreignWindow, &width, &height);
+}
+
+// The picture of PAGWIN, the draw widget, or the window, and the scale of the page to it.
 void chooseSize(PlotState* s) {
   choosePixels(s);
   if (s->windowSetup.scrolledWidth > 0) {
     s->device.pixelWidth = s->windowSetup.scrolledWidth;
     s->device.pixelHeight = s->windowSetup.scrolledHeight;
+  } else if (inWidget(s)) {
+    windowSystem()->holderSize(s->windowSetup.foreignWindow, &s->device.pixelWidth, &s->device.pixelHeight);
   }
   s->device.deviceScale = scaleOfDevice(s);
 }
 
 bool fitsPlot(const PlotState* s, const WindowRecord& record) {
+  const WindowSystem* system = windowSystem();
+  if (system && !system->isHeldBy(record.handle, s->windowSetup.foreignWindow)) return false;
   return record.open && record.canvas && record.width == s->device.pixelWidth && record.height == s->device.pixelHeight;
 }
 
@@ -229,9 +240,10 @@ void endScreen(PlotState* s) {
     refreshScreen(s);
   }
   selectWindow(s, layer.mainWindow);
-  if (windowSystem() && current(s).handle) waitAtEnd(s, s->window.endDelay);
+  const bool held = inWidget(s);
+  if (windowSystem() && current(s).handle && !held) waitAtEnd(s, s->window.endDelay);
   putAway(s);
-  const bool kept = s->window.endWanted == kEndNone;
+  const bool kept = held || s->window.endWanted == kEndNone;
   layer.endMode = kept ? kEndNone : kEndDone;
   s->raster = RasterState{};
 }

@@ -32,6 +32,11 @@ void selectWindow(PlotState* s, int index);
 void hideWindow(PlotState* s, int index, bool hidden);
 void titleWindow(PlotState* s, const char* title);
 
+// Handles what has happened to the windows, without waiting.
+void handleScreenEvents(PlotState* s);
+// As if the user had pressed the button that ends waiting.
+void pressEndButton(PlotState* s);
+
 // Runs a cursor mode until the user has ended it. Positions in pixels of the picture.
 void runCursor(PlotState* s, int mode);
 

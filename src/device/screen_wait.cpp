@@ -214,6 +214,18 @@ void waitFor(PlotState* s, int milliseconds) {
 
 } // namespace
 
+void handleScreenEvents(PlotState* s) {
+  const WindowSystem* system = windowSystem();
+  if (!system || s->screen.currentWindow < 0) return;
+  for (;;) {
+    const WindowEvent event = system->nextEvent(0.0);
+    if (event.kind == WindowEventKind::kNone || s->screen.currentWindow < 0) return;
+    handleEvent(s, event);
+  }
+}
+
+void pressEndButton(PlotState* s) { rightUp(s); }
+
 void waitAtEnd(PlotState* s, int delay) {
   ScreenLayer& layer = s->screen;
   setTitle(s, endHint(layer, delay).c_str());

@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "platform/widget_system.h"
+
 namespace quilla {
 
 namespace {
@@ -14,20 +16,13 @@ namespace {
 constexpr char kModuleName[] = "quilla_windows.so";
 constexpr int kPathLength = PATH_MAX;
 
-struct Choice {
+template <typename System> struct Choice {
   bool looked = false;
-  const WindowSystem* system = nullptr;
+  const System* system = nullptr;
 };
-Choice& choice() {
-  static Choice c;
+template <typename System> Choice<System>& choice() {
+  static Choice<System> c;
   return c;
-}
-
-const WindowSystem* openModule(const char* path) {
-  void* module = dlopen(path, RTLD_NOW | RTLD_LOCAL);
-  if (!module) return nullptr;
-  const auto entry = reinterpret_cast<WindowSystemEntry>(dlsym(module, kWindowSystemSymbol));
-  return entry ? entry() : nullptr;
 }
 
 // The folder of the program or library that holds this code, with a separator behind it.
@@ -50,28 +45,35 @@ bool hasDisplay() {
 }
 
 // Beside the program, as in a build folder, then where it was installed.
-const WindowSystem* findSystem() {
-  if (!hasDisplay()) return nullptr;
+void* openModule() {
   char path[2 * kPathLength], folder[kPathLength];
   if (ownFolder(folder)) {
     std::snprintf(path, sizeof path, "%s%s", folder, kModuleName);
-    if (const WindowSystem* system = openModule(path)) return system;
+    if (void* module = dlopen(path, RTLD_NOW | RTLD_LOCAL)) return module;
   }
   std::snprintf(path, sizeof path, "%s/%s", QUILLA_MODULE_DIR, kModuleName);
-  return openModule(path);
+  return dlopen(path, RTLD_NOW | RTLD_LOCAL);
+}
+
+template <typename System> const System* findSystem(const char* symbol) {
+  static void* const module = hasDisplay() ? openModule() : nullptr;
+  if (!module) return nullptr;
+  const auto entry = reinterpret_cast<const System* (*)()>(dlsym(module, symbol));
+  return entry ? entry() : nullptr;
+}
+
+template <typename System> const System* chosenSystem(const char* symbol) {
+  Choice<System>& c = choice<System>();
+  if (!c.looked) c = {true, findSystem<System>(symbol)};
+  return c.system;
 }
 
 } // namespace
 
-const WindowSystem* windowSystem() {
-  Choice& c = choice();
-  if (!c.looked) {
-    c.looked = true;
-    c.system = findSystem();
-  }
-  return c.system;
-}
+const WindowSystem* windowSystem() { return chosenSystem<WindowSystem>(kWindowSystemSymbol); }
+const WidgetSystem* widgetSystem() { return chosenSystem<WidgetSystem>(kWidgetSystemSymbol); }
 
-void useWindowSystem(const WindowSystem* system) { choice() = {true, system}; }
+void useWindowSystem(const WindowSystem* system) { choice<WindowSystem>() = {true, system}; }
+void useWidgetSystem(const WidgetSystem* system) { choice<WidgetSystem>() = {true, system}; }
 
 } // namespace quilla

@@ -49,6 +49,9 @@ struct WindowSystem {
   WindowEvent (*nextEvent)(double seconds);
   void (*messageBox)(const char* title, const char* text);
   unsigned long (*nativeId)(int window); // number of the window in the window system
+  // Size of a widget of ours that holds plots, by its number in the window system; false: it is none.
+  bool (*holderSize)(unsigned long holder, int* width, int* height);
+  bool (*isHeldBy)(int window, unsigned long holder); // 0: by none of ours
 };
 
 // The table, or null where there is no module or no display. Looked for once.

@@ -3,8 +3,8 @@
 #include <cstring>
 
 #include "core/levels.h"
-#include "core/messages.h"
 #include "quilla/quilla.h"
+#include "widget/widget_table.h"
 
 using namespace quilla;
 
@@ -19,22 +19,14 @@ void appendItem(const PlotState* s, char* list, const char* item) {
   std::strcpy(end, textOrEmpty(item));
 }
 
-// Faults of widgets are told in a box; without a window layer they are printed.
-void tellFault(const PlotState* s, const char* text) {
-  char line[80];
-  std::snprintf(line, sizeof line, ">>>> %s\n", text);
-  if (s->windowSetup.messageBox) return s->windowSetup.messageBox(s->level.routineName, line);
-  std::fputs(line, stdout);
-}
-
 } // namespace
 
 void SWGMIX(const char* character, const char* key) {
-  PlotState* s = strictCheck(0, 3, "swgmix");
-  if (!s || !matchKeyword(s, "SEP ", 1, key)) return;
-  const char c = textOrEmpty(character)[0];
-  if (!c) return warnWithString(s, 2, "");
-  s->widgetSetup.itemSeparator = c;
+  const WidgetContext* c = widgetCheck("swgmix");
+  if (!c || widgetKeyword(c, "SEP ", key) < 0) return;
+  const char separator = textOrEmpty(character)[0];
+  if (!separator) return widgetFault(c, "Not allowed value");
+  c->state->widgetSetup.itemSeparator = separator;
 }
 
 int ITMCNT(const char* list) {
@@ -56,7 +48,7 @@ const char* ITMSTR(const char* list, int n) {
   }
   s->widgetSetup.item[0] = '\0';
   if (n < 1 || !item) {
-    warnWithNumber(s, 2, n);
+    tellWidgetFault(s, "Value is out of range");
     return s->widgetSetup.item;
   }
   const char* end = std::strchr(item, separator);
@@ -74,6 +66,7 @@ void ITMNCAT(char* list, int size, const char* item) {
   const PlotState* s = strictCheck(0, 3, "itmncat");
   if (!s || !list) return;
   const std::size_t old = std::strlen(list), wanted = old + (old > 0) + std::strlen(textOrEmpty(item)) + 1;
-  if (size < 0 || wanted > static_cast<std::size_t>(size)) return tellFault(s, "Not enough space in first parameter");
+  if (size < 0 || wanted > static_cast<std::size_t>(size))
+    return tellWidgetFault(s, "Not enough space in first parameter");
   appendItem(s, list, item);
 }

@@ -6,6 +6,7 @@ The scripts are made from the table of routines with a fixed seed: integers at t
 reals, empty and long texts, arrays that are too short. A script passes if the program ends with status 0 and says its
 last word; the sanitizer build turns a fault of memory or arithmetic into another status.
 """
+import os
 import pathlib
 import random
 import subprocess
@@ -24,6 +25,9 @@ LEFT_OUT = {"SYMFIL", "QUIFIN", "QUIINI", "METAFL", "SETFIL", "ERRFIL", "ERRDEV"
 # They give out arrays of a size that the script tells: results of gigabytes take their time.
 SIZED = {"BEZIER", "CONPTS", "HISTOG", "POLCLP", "TRFMAT", "INTUTF", "LEGINI", "TXTURE"}
 LARGEST = "2147483647"
+
+# Dialogs would wait for a user.
+SCREENLESS = {k: v for k, v in os.environ.items() if k not in ("DISPLAY", "WAYLAND_DISPLAY")}
 
 DEVICES = ["PDF", "PS", "EPS", "PSCL", "PNG", "GIF", "TIFF", "BMP", "PPM", "IMAG", "VIRT"]
 INTEGERS = ["0", "1", "2", "3", "5", "-1", "100", "255", "256", "999", "3000", "40000", LARGEST, "(-" + LARGEST + "-1)"]
@@ -95,7 +99,7 @@ def main():
         with tempfile.TemporaryDirectory() as folder:
             (pathlib.Path(folder) / "calls.qsl").write_text(script)
             try:
-                run = subprocess.run([program, "calls.qsl"], cwd=folder, capture_output=True, timeout=TIMEOUT)
+                run = subprocess.run([program, "calls.qsl"], cwd=folder, capture_output=True, timeout=TIMEOUT, env=SCREENLESS)
                 fine = run.returncode == 0 and run.stdout.rstrip().endswith(b"the end")
                 what = f"status {run.returncode}\n" + run.stderr.decode(errors="replace")[-3000:]
             except subprocess.TimeoutExpired:

@@ -33,7 +33,7 @@ def run(program, folder, name):
     arguments = [name + ".qsl"]
     if (folder / (name + ".args")).exists():
         arguments = shlex.split(text_of(folder / (name + ".args")))
-    environment = {k: v for k, v in os.environ.items() if not k.startswith(("QSL_", "QUILLA"))}
+    environment = {k: v for k, v in os.environ.items() if not k.startswith(("QSL_", "QUILLA", "DISPLAY", "WAYLAND"))}
     environment["SOURCE_DATE_EPOCH"] = "0"
     environment.setdefault("ASAN_OPTIONS", "handle_sigfpe=0")  # the arithmetic signal ends a sanitized program too
     for line in text_of(folder / (name + ".env")).splitlines():

@@ -85,7 +85,8 @@ def start_screen():
 
 
 def pixel(hand, window, x, y):
-    dump = subprocess.run(["import", "-silent", "-window", window, "-crop", f"1x1+{x}+{y}", "txt:-"], env=hand.env,
+    dump = subprocess.run(["import", "-silent", "-window", window, "-crop", f"1x1+{x}+{y}", "-depth", "8",
+                           "txt:-"], env=hand.env,
                           capture_output=True, text=True, check=True).stdout
     return dump.split("#")[1 + dump.count("# ImageMagick")].split()[0][:6].upper()
 

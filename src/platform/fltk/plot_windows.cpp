@@ -163,6 +163,22 @@ void screenSize(int* width, int* height) {
   *height = Fl::h();
 }
 
+// A window of this program that holds plots, or null.
+Fl_Window* holderOf(unsigned long number) { return number ? fl_find(number) : nullptr; }
+
+bool holderSize(unsigned long number, int* width, int* height) {
+  const Fl_Window* holder = holderOf(number);
+  if (!holder) return false;
+  *width = holder->w();
+  *height = holder->h();
+  return true;
+}
+
+bool isHeldBy(int handle, unsigned long number) {
+  const PlotWindow* w = windowOf(handle);
+  return w && w->frame.parent() == holderOf(number);
+}
+
 int openWindow(const WindowWish& wish) {
   for (int i = 0; i < kMostWindows; ++i) {
     std::unique_ptr<PlotWindow>& place = desk().windows[i];
@@ -170,9 +186,14 @@ int openWindow(const WindowWish& wish) {
     place = std::make_unique<PlotWindow>(i + 1, wish);
     place->frame.callback(closed, reinterpret_cast<void*>(static_cast<long>(i + 1)));
     if (wish.placed) place->frame.position(wish.x, wish.y);
+    Fl_Window* holder = holderOf(wish.parent);
+    if (holder) {
+      place->frame.position(0, 0);
+      holder->add(place->frame);
+    }
     place->frame.show();
     place->frame.wait_for_expose();
-    if (wish.parent) XReparentWindow(fl_display, fl_xid(&place->frame), wish.parent, 0, 0);
+    if (wish.parent && !holder) XReparentWindow(fl_display, fl_xid(&place->frame), wish.parent, 0, 0);
     place->picture.take_focus();
     return i + 1;
   }
@@ -181,7 +202,9 @@ int openWindow(const WindowWish& wish) {
 
 void closeWindow(int handle) {
   if (!windowOf(handle)) return;
-  windowOf(handle)->frame.hide();
+  Fl_Window& frame = windowOf(handle)->frame;
+  frame.hide();
+  if (frame.parent()) frame.parent()->remove(frame);
   desk().windows[handle - 1].reset();
   std::erase_if(desk().events, [handle](const WindowEvent& e) { return e.window == handle; });
   Fl::check();
@@ -274,17 +297,21 @@ unsigned long nativeId(int handle) {
   return w && w->frame.shown() ? static_cast<unsigned long>(fl_xid(&w->frame)) : 0;
 }
 
-constexpr WindowSystem kSystem = {screenSize,  openWindow, closeWindow, showWindow, setTitle,  setIcon,    setCursor,
-                                  showPicture, showBand,   placeMouse,  askMouse,   nextEvent, messageBox, nativeId};
+constexpr WindowSystem kSystem = {screenSize, openWindow,  closeWindow, showWindow, setTitle, setIcon,
+                                  setCursor,  showPicture, showBand,    placeMouse, askMouse, nextEvent,
+                                  messageBox, nativeId,    holderSize,  isHeldBy};
 
 } // namespace
 
 extern "C" const quilla::WindowSystem* quillaWindowSystem() {
+  static bool opened = false;
+  if (opened) return &kSystem;
   // Without a display fl_open_display would end the program.
   Display* display = XOpenDisplay(nullptr);
   if (!display) return nullptr;
   fl_open_display(display);
   Fl::visual(FL_RGB);
   fl_register_images();
+  opened = true;
   return &kSystem;
 }

@@ -14,11 +14,14 @@ using namespace quilla;
 
 namespace {
 
+constexpr unsigned long kHolder = 77; // number of a draw widget
+
 struct Desk {
   std::vector<std::string> lines;
   std::deque<WindowEvent> events;
   int opened = 0;
   bool refuses = false;
+  unsigned long holder = 0; // of all windows
   int waits = 0;
 } desk;
 
@@ -76,6 +79,14 @@ const WindowSystem kPaper = {
         },
     .messageBox = [](const char*, const char*) {},
     .nativeId = [](int window) { return 4000UL + static_cast<unsigned long>(window); },
+    .holderSize =
+        [](unsigned long holder, int* w, int* h) {
+          if (holder != kHolder) return false;
+          *w = 300;
+          *h = 200;
+          return true;
+        },
+    .isHeldBy = [](int, unsigned long holder) { return desk.holder == holder; },
 };
 
 class Windows : public PlotTest {
@@ -114,6 +125,25 @@ TEST_F(Windows, APlotOpensWorksAndWaitsForTheRightButton) {
                                "title 1 QUILLA 1 / Click MB2 to continue ...", "close 1"}));
   EXPECT_TRUE(desk.events.empty());
   EXPECT_EQ(state()->raster.canvas, nullptr);
+}
+
+TEST_F(Windows, APlotInADrawWidgetHasItsSizeAndDoesNotWait) {
+  SETXID(kHolder, "WIDGET");
+  openWindow();
+  desk.holder = kHolder;
+  EXPECT_EQ(take("open"), Lines{"open 300x200 at will for 300x200: QUILLA / Working"});
+  QUIFIN();
+  EXPECT_EQ(take("title"), Lines{});
+  EXPECT_EQ(take("close"), Lines{});
+  QUIINI(); // the same window again
+  QUIFIN();
+  EXPECT_EQ(take("open").size(), 1u);
+  SETXID(0, "NONE");
+  click(2, 5, 5, kButtonRight);
+  QUIINI(); // a window of its own
+  desk.holder = 0;
+  QUIFIN();
+  EXPECT_EQ(take("open").size(), 2u);
 }
 
 TEST_F(Windows, TheNumberIsThatOfTheDevice) {
