@@ -672,8 +672,10 @@ void ZAXIS(float a, float e, float first, float step, int length, const char* na
 /* 1..3: the same for a logarithmic scale, limits and step as exponents of ten */
 void ZAXLG(float a, float e, float first, float step, int length, const char* name, int it, int direction, int nx,
            int ny);
-void NOBAR(void);                             /* setter: no bar of colours */
-void WIDBAR(int width);                       /* setter: width of the bar, 0..10000; default 85 */
+void EXPZLB(
+    const char* ends);  /* setter: "<" at the first, ">" at the last label of the bar: "NONE", "FIRS", "LAST", "BOTH" */
+void NOBAR(void);       /* setter: no bar of colours */
+void WIDBAR(int width); /* setter: width of the bar, 0..10000; default 85 */
 void SPCBAR(int distance);                    /* setter: distance of the bar from the axis system; default 85 */
 void GETVK(int* title, int* barX, int* barY); /* 1..3: shifts of VKYTIT, VKXBAR and VKYBAR */
 int GETWID(void);                             /* 1..3: width of the colour bar */
@@ -947,6 +949,26 @@ void VTX3D(const float* x, const float* y, const float* z, int n, const char* mo
 void VTXC3D(const float* x, const float* y, const float* z, const int* colors, int n, const char* mode);
 void VTXN3D(const float* x, const float* y, const float* z, const float* nx, const float* ny, const float* nz, int n,
             const char* mode);
+/* 3: 0 cube, 1 tetrahedron, 2 octahedron, 3 dodecahedron, 4 icosahedron, 5 ball, as high as HSYM3D tells */
+void SYMB3D(int symbol, float x, float y, float z);
+void HSYM3D(float height);             /* setter: height of symbols, user units of X; default a twentieth of the box */
+void ROT3D(float a, float b, float c); /* setter: degrees by which solids stand turned about X, Y and Z; default 0 */
+/* 3: tubes from point to point, with a radius (user units of X) and a colour at each, -1 the current one */
+void CRVT3D(const float* x, const float* y, const float* z, const float* radius, const int* colors, int n);
+void MSHCRV(int segments); /* setter: sides of tubes, 3..1000; default 16 */
+void THKC3D(float radius); /* setter: CURV3D draws tubes of this radius, user units of X; default 0: lines */
+/* 3: blocks at n points in the colours of the values w, scaled over them or by ZSCALE */
+void CURV4D(const float* x, const float* y, const float* z, const float* w, int n);
+void SETRES3D(float x, float y, float z); /* setter: size of these blocks, user units; default a twentieth of the box */
+void AUTRES3D(int nx, int ny, int nz);    /* 1..3: as large as nx * ny * nz of them fill the box */
+/* 3: arrows as of VECTOR: from points to points; vectors at points or on a grid x[i], y[j], z[k], matrices with the Z
+ * index fastest, the longest vector a tenth of the box long */
+void FIELD3D(const float* x1, const float* y1, const float* z1, const float* x2, const float* y2, const float* z2,
+             int n, int code);
+void VECF3D(const float* xv, const float* yv, const float* zv, const float* xp, const float* yp, const float* zp, int n,
+            int code);
+void VECMAT3D(const float* xmat, const float* ymat, const float* zmat, int n, int m, int l, const float* x,
+              const float* y, const float* z, int code);
 void TRIA3D(const float* x, const float* y, const float* z); /* 3: triangle of three points */
 
 /* ---- Quick plots: a whole graph in one call; the plot is opened if there is none, and stays open ---------------- */

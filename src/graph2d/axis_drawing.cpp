@@ -257,6 +257,7 @@ void drawLabels(PlotState* s, const AxisPlace& p, int longest) {
     const int offset = offsetOf(s, p, at);
     if (offset == kOffAxis) continue;
     labelText(s, value, i, p.axis, digits, text);
+    openLabel(s, p.axis, i, run, text);
     LabelSpot spot = placeLabel(s, p, offset, textLength(s, text), longest);
     textAtWith(s, text, spot.x, spot.y, spot.angle, height);
   }

@@ -186,6 +186,15 @@ LabelRun labelRun(const PlotState* s, int axis) {
   }
 }
 
+void openLabel(const PlotState* s, int axis, int i, const LabelRun& run, char text[kLabelBuffer]) {
+  if (axis != kAxisZ) return;
+  const bool first = s->colorBar.firstOpen && i == run.first;
+  if (!first && !(s->colorBar.lastOpen && i == run.last)) return;
+  char label[kLabelBuffer];
+  std::snprintf(label, sizeof label, "%c%.*s", first ? '<' : '>', kLabelBuffer - 2, text);
+  std::memcpy(text, label, sizeof label);
+}
+
 double labelValue(const PlotState* s, int axis, int i) {
   if (isCalendarAxis(s, axis)) return calendarValue(s, axis, i);
   return static_cast<double>(s->scaling.axisFirstLabel[axis]) + i * static_cast<double>(s->scaling.axisStep[axis]);
@@ -198,6 +207,7 @@ int longestLabel(PlotState* s, int axis) {
   char text[kLabelBuffer];
   for (int i = run.first; i >= 0 && i <= run.last; i += run.stride) {
     labelText(s, labelValue(s, axis, i), i, axis, digits, text);
+    openLabel(s, axis, i, run, text);
     int length = labelLength(s, axis, text);
     if (length > longest) longest = length;
   }

@@ -26,6 +26,9 @@ struct LabelRun {
 };
 LabelRun labelRun(const PlotState* s, int axis);
 
+// Puts "<" before the first and ">" before the last label of a colour bar that EXPZLB opens there.
+void openLabel(const PlotState* s, int axis, int i, const LabelRun& run, char text[kLabelBuffer]);
+
 // Value of label i of the axis in use.
 double labelValue(const PlotState* s, int axis, int i);
 

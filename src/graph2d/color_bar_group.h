@@ -14,7 +14,8 @@ struct ColorBarGroup {
   int barShiftX = 0, barShiftY = 0;
   int barPlace = kBarAtRight;
   int barJustify = kBarAtStart;
-  int barFrame = 1; // lines around the bar, outward if negative
+  bool firstOpen = false, lastOpen = false; // EXPZLB: values beyond the bar have its end colours
+  int barFrame = 1;                         // lines around the bar, outward if negative
 };
 
 enum AutoResolution : int { kResolutionGiven = 0, kResolutionOfPoints = 1, kResolutionOfMatrix = 2 };

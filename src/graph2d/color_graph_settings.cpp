@@ -129,3 +129,11 @@ int GETWID(void) {
   PlotState* s = strictCheck(1, 3, "getwid");
   return s ? s->colorBar.barWidth : 0;
 }
+
+void EXPZLB(const char* ends) {
+  PlotState* s = setterCheck("expzlb");
+  const int found = s ? matchKeyword(s, "NONE+FIRS+LAST+BOTH", 4, ends) : 0;
+  if (found == 0) return;
+  s->colorBar.firstOpen = found == 2 || found == 4;
+  s->colorBar.lastOpen = found >= 3;
+}

@@ -15,6 +15,10 @@ struct DepthGroup {
   bool scaleGiven = false;    // ZSCALE: colours run between these values instead of the limits of the Z axis
   float scaleStart = 0.0F, scaleEnd = 0.0F;
   float symbolHeight = -1.0F; // HSYM3D, user coordinates of X; -1: a twentieth of the box
+  float solidTurn[3] = {};    // ROT3D: degrees about X, Y and Z, of solids about their own middle
+  float cellSize[3] = {};     // SETRES3D: user coordinates; 0: a twentieth of the box
+  int tubeSides = 16;         // MSHCRV
+  float tubeRadius = 0.0F;    // THKC3D: of curves drawn as tubes, user coordinates of X; 0: lines
 };
 
 struct DepthList;

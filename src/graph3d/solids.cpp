@@ -11,9 +11,15 @@
 #include "core/stop_request.h"
 #include "device/raster_driver.h"
 #include "graph3d/facet_call.h"
+#include "graph3d/solids.h"
 #include "quilla/quilla.h"
 
 using namespace quilla;
+
+float quilla::boxLength(const PlotState* s, int axis, float length) {
+  const ViewState& v = s->viewState;
+  return std::fabs(length * v.box[axis] / (v.end[axis] - v.start[axis]));
+}
 
 namespace {
 
@@ -29,22 +35,34 @@ struct SolidFrame {
   bool reversed = false;
 };
 
-// A length in user units of an axis; not negative.
-float boxLength(const PlotState* s, int axis, float length) {
-  const ViewState& v = s->viewState;
-  return std::fabs(length * v.box[axis] / (v.end[axis] - v.start[axis]));
-}
-
 // A height keeps its sign on an axis that runs upwards.
 float boxHeight(const PlotState* s, float height) { return std::copysign(boxLength(s, kAxisZ, height), height); }
 
 BoxPoint plus(const BoxPoint& a, const BoxPoint& b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }
 BoxPoint times(const BoxPoint& a, float f) { return {a.x * f, a.y * f, a.z * f}; }
 
-// A point of the solid, counted from its middle: the user transformation turns it about the middle.
-BoxPoint placed(const SolidFrame& f, const BoxPoint& local) { return plus(f.middle, transformedBox(f.s, local)); }
+// The vector after the turns of ROT3D, about X, then Y, then Z.
+BoxPoint turned(const PlotState* s, BoxPoint p) {
+  const float(&degrees)[3] = s->depth.solidTurn;
+  auto turn = [](float angle, float& a, float& b) {
+    if (angle == 0.0F) return;
+    const float c = std::cos(angle * kDegToRad), d = std::sin(angle * kDegToRad), before = a;
+    a = before * c - b * d;
+    b = before * d + b * c;
+  };
+  turn(degrees[0], p.y, p.z);
+  turn(degrees[1], p.z, p.x);
+  turn(degrees[2], p.x, p.y);
+  return p;
+}
 
-BoxPoint turnedNormal(const PlotState* s, const BoxPoint& n) {
+// A point of the solid, counted from its middle: the user transformation turns it about the middle.
+BoxPoint placed(const SolidFrame& f, const BoxPoint& local) {
+  return plus(f.middle, transformedBox(f.s, turned(f.s, local)));
+}
+
+BoxPoint turnedNormal(const PlotState* s, BoxPoint n) {
+  n = turned(s, n);
   if (!s->boxTransform.on) return n;
   const BoxPoint zero = transformedBox(s, {0.0F, 0.0F, 0.0F});
   return unitVector(difference(transformedBox(s, n), zero));
@@ -187,12 +205,11 @@ Turning turningAbout(const BoxPoint& axis) {
 
 } // namespace
 
-void SPHE3D(float x, float y, float z, float radius, int segments, int stripes) {
-  PlotState* s = solidCheck("sphe3d");
-  if (!s || !countsFit(s, segments, stripes)) return;
-  const float r = boxLength(s, kAxisX, radius);
+namespace quilla {
+
+void drawBall(PlotState* s, const BoxPoint& middle, float r, int segments, int stripes) {
   if (!(r > kTiny)) return;
-  SolidFrame frame{s, boxOfUser(s, x, y, z), r};
+  SolidFrame frame{s, middle, r};
   drawSolid(frame, [&](const SolidFrame& f) {
     drawTurned(f, kUpright, segments, stripes, [&](int k) {
       const float latitude = kPi * (static_cast<float>(k) / static_cast<float>(stripes) - 0.5F);
@@ -201,6 +218,14 @@ void SPHE3D(float x, float y, float z, float radius, int segments, int stripes) 
       return ProfilePoint{r * c, r * d, c, d};
     });
   });
+}
+
+} // namespace quilla
+
+void SPHE3D(float x, float y, float z, float radius, int segments, int stripes) {
+  PlotState* s = solidCheck("sphe3d");
+  if (s && countsFit(s, segments, stripes))
+    drawBall(s, boxOfUser(s, x, y, z), boxLength(s, kAxisX, radius), segments, stripes);
 }
 
 void CYLI3D(float x, float y, float z, float radius, float height, int segments, int stripes) {
@@ -256,6 +281,21 @@ void TORUS3D(float x, float y, float z, float inner, float outer, float height, 
   });
 }
 
+namespace quilla {
+
+void drawTube(PlotState* s, const BoxPoint& a, const BoxPoint& b, float radiusA, float radiusB, int segments,
+              int stripes) {
+  const float r1 = boxLength(s, kAxisX, radiusA), r2 = boxLength(s, kAxisX, radiusB);
+  const BoxPoint way = difference(b, a);
+  const float length = std::sqrt(dotProduct(way, way)), widest = std::fmax(r1, r2);
+  if (!(widest > kTiny) || !(length > kTiny)) return;
+  SolidFrame frame{s, a, std::hypot(length, widest)};
+  const Turning turning = turningAbout(unitVector(way));
+  drawSolid(frame, [&](const SolidFrame& f) { drawSide(f, turning, segments, stripes, r1, 0.0F, r2, length); });
+}
+
+} // namespace quilla
+
 namespace {
 
 // A side between two points, with the radius at each.
@@ -263,15 +303,8 @@ void drawBetween(const char* routine, const float (&from)[3], const float (&to)[
                  int segments, int stripes) {
   PlotState* s = solidCheck(routine);
   if (!s || !countsFit(s, segments, stripes)) return;
-  const float r = boxLength(s, kAxisX, radius);
-  const BoxPoint a = boxOfUser(s, from[0], from[1], from[2]), b = boxOfUser(s, to[0], to[1], to[2]);
-  const BoxPoint way = difference(b, a);
-  const float length = std::sqrt(dotProduct(way, way));
-  if (!(r > kTiny) || !(length > kTiny)) return;
-  SolidFrame frame{s, a, std::hypot(length, r)};
-  const Turning turning = turningAbout(unitVector(way));
-  drawSolid(frame,
-            [&](const SolidFrame& f) { drawSide(f, turning, segments, stripes, r, 0.0F, pointed ? 0.0F : r, length); });
+  drawTube(s, boxOfUser(s, from[0], from[1], from[2]), boxOfUser(s, to[0], to[1], to[2]), radius,
+           pointed ? 0.0F : radius, segments, stripes);
 }
 
 } // namespace
@@ -326,12 +359,19 @@ void drawBox(const SolidFrame& f, float lx, float ly, float lz) {
 
 } // namespace
 
+namespace quilla {
+
+void drawBlock(PlotState* s, const BoxPoint& middle, float lx, float ly, float lz) {
+  SolidFrame frame{s, middle, std::hypot(lx, ly, lz) / 2.0F};
+  drawSolid(frame, [&](const SolidFrame& f) { drawBox(f, lx, ly, lz); });
+}
+
+} // namespace quilla
+
 void QUAD3D(float x, float y, float z, float lx, float ly, float lz) {
   PlotState* s = solidCheck("quad3d");
   if (!s) return;
-  const float a = boxLength(s, kAxisX, lx), b = boxLength(s, kAxisY, ly), c = boxLength(s, kAxisZ, lz);
-  SolidFrame frame{s, boxOfUser(s, x, y, z), std::hypot(a, b, c) / 2.0F};
-  drawSolid(frame, [&](const SolidFrame& f) { drawBox(f, a, b, c); });
+  drawBlock(s, boxOfUser(s, x, y, z), boxLength(s, kAxisX, lx), boxLength(s, kAxisY, ly), boxLength(s, kAxisZ, lz));
 }
 
 namespace {
@@ -430,21 +470,27 @@ void drawRegular(const SolidFrame& f, const RegularSolid& solid, float scale) {
 
 } // namespace
 
-void PLAT3D(float x, float y, float z, float size, const char* kind) {
-  PlotState* s = solidCheck("plat3d");
-  if (!s) return;
-  const int found = matchKeyword(s, "CUBE+TETR+OCTA+DODE+ICOS", 5, kind);
-  const float length = boxLength(s, kAxisX, size);
-  if (!found || !(length > kTiny)) return;
-  SolidFrame frame{s, boxOfUser(s, x, y, z), 2.0F * length};
-  constexpr int kCube = 1;
-  if (found == kCube) return drawSolid(frame, [&](const SolidFrame& f) { drawBox(f, length, length, length); });
+namespace quilla {
+
+void drawPlatonic(PlotState* s, const BoxPoint& middle, int kind, float length) {
+  if (!(length > kTiny)) return;
+  if (kind == kSolidCube) return drawBlock(s, middle, length, length, length);
+  SolidFrame frame{s, middle, 2.0F * length};
   const RegularSolid solids[] = {{kTetrahedron, kTetrahedronEdge},
                                  {kOctahedron, kOctahedronEdge},
                                  {kDodecahedron, kDodecahedronEdge},
                                  {kIcosahedron, kIcosahedronEdge}};
-  const RegularSolid& solid = solids[found - 2];
+  const RegularSolid& solid = solids[kind - 1];
   drawSolid(frame, [&](const SolidFrame& f) { drawRegular(f, solid, length / solid.edge); });
+}
+
+} // namespace quilla
+
+void PLAT3D(float x, float y, float z, float size, const char* kind) {
+  PlotState* s = solidCheck("plat3d");
+  if (!s) return;
+  if (const int found = matchKeyword(s, "CUBE+TETR+OCTA+DODE+ICOS", 5, kind))
+    drawPlatonic(s, boxOfUser(s, x, y, z), found - 1, boxLength(s, kAxisX, size));
 }
 
 void BARS3D(const float* x, const float* y, const float* z1, const float* z2, const float* wx, const float* wy,

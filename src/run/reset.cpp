@@ -176,7 +176,9 @@ constexpr ResetRow kResetRows[] = {
     {"EUSH", [](PlotState* s, const Defaults&) {
      s->text.shiftCharsOn = false;
    }},
-    {"EXPZ", nullptr},
+    {"EXPZ", [](PlotState* s, const Defaults&) {
+     s->colorBar.firstOpen = s->colorBar.lastOpen = false;
+   }},
     {"FILB", [](PlotState* s, const Defaults&) {
      s->include.fileBoxSet = false;
    }},
@@ -434,6 +436,7 @@ constexpr ResetRow kResetRows[] = {
    }},
     {"THKC", [](PlotState* s, const Defaults&) {
      s->curve.curveThickness = 1;
+     s->depth.tubeRadius = 0.0F;
    }},
     {"TICK", [](PlotState* s, const Defaults& d) {
      copyField(s->axis.tickCount, d.axis.tickCount);
