@@ -233,8 +233,7 @@ bool level_is_free() {
 // Opens the routine when its arguments stand in their slots.
 void enter_routine(RoutineFrame& frame, const char* result) {
   const int level = interp.variables.level + 1;
-  if (result && !take_result_variable(result, frame)) return;
-  if (!open_text(frame, level)) return;
+  if ((result && !take_result_variable(result, frame)) || !open_text(frame, level)) return free_arguments();
   interp.control.frames[level] = frame;
   interp.variables.level = level;
   interp.control.call_made = true;
