@@ -373,6 +373,7 @@ void TXTMOD(const char* mode); /* setter: "OUTL", "FILL": letters of outline fon
 void TXTOPT(const char* mode,
             const char* key);    /* setter: "ON", "OFF"; key "MIXA", "SHDC", "FIXS": what MIXALF, ... do */
 int GETBLK(void);                /* 1..3: length of a blank in plot units */
+void IANGLE(int degrees);        /* setter: as ANGLE */
 void TXTBGD(int color);          /* setter: background of texts, -1 none; default -1 */
 void NUMFMT(const char* format); /* setter: "FLOA", "EXP", "FEXP", "LOG", "XEXP"; default "FLOA" */
 void NUMODE(const char* decimal, const char* group, const char* plus,

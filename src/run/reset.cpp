@@ -212,7 +212,9 @@ constexpr ResetRow kResetRows[] = {
     {"HTIT", [](PlotState* s, const Defaults&) {
      s->axis.titleHeight = 0;
    }},
-    {"IANG", nullptr},
+    {"IANG", [](PlotState* s, const Defaults&) {
+     setTextAngle(s, 0);
+   }},
     {"IMGC", [](PlotState* s, const Defaults&) { s->image.imageClip = ImageBox{}; }},
     {"INTA", [](PlotState* s, const Defaults& d) {
      resetLabelDigits(s, d.axis);
@@ -255,7 +257,9 @@ constexpr ResetRow kResetRows[] = {
      s->legend = LegendGroup{};
      s->legendState.handMode = false;
    }},
-    {"LFTT", nullptr},
+    {"LFTT", [](PlotState* s, const Defaults& d) {
+     s->axis.titleJustify = d.axis.titleJustify;
+   }},
     {"LINC", [](PlotState* s, const Defaults& d) {
      copyField(s->curve.lineCycle, d.curve.lineCycle);
    }},
@@ -409,7 +413,9 @@ constexpr ResetRow kResetRows[] = {
      s->shading = ShadingGroup{};
      s->shading.shadeFactor = factor;
    }},
-    {"SHIE", nullptr},
+    {"SHIE", [](PlotState* s, const Defaults&) {
+     for (bool& on : s->shield.shieldAreaOn) on = false;
+   }},
     {"SHLS", [](PlotState* s, const Defaults&) {
      s->surface.shieldKept = false;
    }},

@@ -110,6 +110,11 @@ void ANGLE(int degrees) {
   setTextAngle(s, degrees);
 }
 
+void IANGLE(int degrees) {
+  PlotState* s = setterCheck("iangle");
+  if (s) setTextAngle(s, degrees);
+}
+
 void TXTJUS(const char* justification) {
   PlotState* s = setterCheck("txtjus");
   if (!s) return;

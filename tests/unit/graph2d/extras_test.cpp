@@ -202,3 +202,17 @@ TEST_F(Extras, LabelAtTheColourBar) {
   EXPECT_EQ(numbers(draws.back())[1], 1400);
   EXPECT_EQ(numbers(draws.back())[0] - numbers(moves.back())[0], 24);
 }
+
+TEST_F(Extras, AnglesTitlesAndShieldsComeBack) {
+  open();
+  IANGLE(30);
+  EXPECT_EQ(GETANG(), 30);
+  LFTTIT();
+  SHIELD("SYMBOLS", "ON");
+  RESET("IANGLE");
+  RESET("LFTTIT");
+  RESET("SHIELD");
+  EXPECT_EQ(GETANG(), 0);
+  EXPECT_EQ(state()->axis.titleJustify, 0);
+  for (bool on : state()->shield.shieldAreaOn) EXPECT_FALSE(on);
+}
