@@ -26,7 +26,7 @@ c++ -std=c++20 -Wall -Wextra -pedantic -Werror "$place/host.cpp" $(pkg-config --
   echo '#include <quilla/quilla.h>'
   echo 'typedef void (*routine)(void);'
   echo 'routine all[] = {'
-  sed 's|/\*.*\*/||' "$place/usr/include/quilla/quilla.h" | grep -oE '^[a-z][a-zA-Z *]*[ *][A-Z][A-Z0-9]+\(' | grep -oE '[A-Z][A-Z0-9]+\(' | sed 's|(|, |; s|^|(routine)|'
+  sed 's|/\*.*\*/||' "$place"/usr/include/quilla/*.h | grep -oE '^[a-z][a-zA-Z *]*[ *][A-Z][A-Z0-9]+\(' | grep -oE '[A-Z][A-Z0-9]+\(' | sed 's|(|, |; s|^|(routine)|'
   echo '}; int main(void) { return sizeof all / sizeof all[0] > 300 ? 0 : 1; }'
 } > "$place/all.c"
 # shellcheck disable=SC2046
